@@ -1,0 +1,38 @@
+# What every target of the project shares: the warnings, the include root and the sanitizers.
+
+set(VELMORIN_SANITIZERS "" CACHE STRING "Sanitizers to compile and link everything with, as -fsanitize takes them")
+
+add_library(velmorin_options INTERFACE)
+target_include_directories(velmorin_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(velmorin_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wundef
+)
+# g++ 12 sees overlapping copies in plain additions of strings where there are none (its bug 105651).
+target_compile_options(velmorin_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+if(VELMORIN_SANITIZERS)
+    target_compile_options(velmorin_options INTERFACE
+        -fsanitize=${VELMORIN_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(velmorin_options INTERFACE -fsanitize=${VELMORIN_SANITIZERS})
+endif()
+
+# A library of one layer. HEADERS are checked to compile alone (target all_verify_interface_header_sets).
+function(velmorin_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS")
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
+    target_link_libraries(${name} PUBLIC velmorin_options)
+    set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+    if(VELMORIN_CLANG_TIDY)
+        set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY "${VELMORIN_CLANG_TIDY}")
+    endif()
+endfunction()
+
+# A test program, each of its cases a test of its own under LABEL.
+function(velmorin_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL" "SOURCES;LIBRARIES")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
+    include(GoogleTest)
+    gtest_discover_tests(${name} NO_PRETTY_VALUES PROPERTIES LABELS ${arg_LABEL} DISCOVERY_TIMEOUT 60)
+endfunction()

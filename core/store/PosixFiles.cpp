@@ -1,0 +1,145 @@
+#include "core/store/PosixFiles.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace velmorin {
+
+namespace {
+
+constexpr std::uint64_t largestFile = std::uint64_t{1} << 30;
+
+/// Parsers look a little past the end of a text; with room for it they need not copy the whole.
+constexpr std::size_t roomForParser = 128;
+
+/// Owner only: what the user thinks and does is nobody else's business.
+constexpr mode_t ownerReadWrite = S_IRUSR | S_IWUSR;
+
+/// Calls a system function again for as long as a signal interrupts it.
+template <class Call>
+auto retry(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// An open file, closed when it goes.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number{number} {}
+    Descriptor(Descriptor&& other) noexcept : m_number{std::exchange(other.m_number, -1)} {}
+    Descriptor& operator=(Descriptor&&) = delete;
+    ~Descriptor() { close(); }
+
+    bool isOpen() const { return m_number != -1; }
+    int number() const { return m_number; }
+    bool sync() const {
+        return retry([this] { return ::fsync(m_number); }) == 0;
+    }
+    /// Not repeated after a signal: by then the number may belong to another file.
+    bool close() { return isOpen() && ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+Descriptor open(const std::filesystem::path& path, int flags) {
+    return Descriptor{retry([&] { return ::open(path.c_str(), flags | O_CLOEXEC, ownerReadWrite); })};
+}
+
+class PosixOutputFile final : public OutputFile {
+public:
+    explicit PosixOutputFile(Descriptor descriptor) : m_descriptor{std::move(descriptor)} {}
+
+    bool write(std::string_view bytes) override {
+        while (!bytes.empty()) {
+            const auto written = retry([&] { return ::write(m_descriptor.number(), bytes.data(), bytes.size()); });
+            if (written <= 0) return false;
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return true;
+    }
+    bool sync() override { return m_descriptor.sync(); }
+    bool close() override { return m_descriptor.close(); }
+
+private:
+    Descriptor m_descriptor;
+};
+
+std::unique_ptr<OutputFile> openOutput(const std::filesystem::path& path, int flags) {
+    Descriptor descriptor = open(path, flags | O_WRONLY);
+    if (!descriptor.isOpen()) return nullptr;
+    return std::make_unique<PosixOutputFile>(std::move(descriptor));
+}
+
+bool readToEnd(const Descriptor& file, std::string& content) {
+    for (std::size_t used = 0;;) {
+        // One byte more than is there finds the end without growing once more.
+        if (used == content.size()) content.resize(used + used / 2 + 4096);
+        const auto count = retry([&] { return ::read(file.number(), content.data() + used, content.size() - used); });
+        if (count < 0) return false;
+        used += static_cast<std::size_t>(count);
+        if (count == 0 || used > largestFile) {
+            content.resize(used);
+            return count == 0;
+        }
+    }
+}
+
+} // namespace
+
+bool PosixFiles::makeDirectory(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    return !error && std::filesystem::is_directory(path, error);
+}
+
+std::optional<std::string> PosixFiles::read(const std::filesystem::path& path) {
+    // Anything but a regular file, a pipe for instance, could keep the reader waiting for ever.
+    const Descriptor file = open(path, O_RDONLY | O_NONBLOCK);
+    struct stat attributes {};
+    if (!file.isOpen() || ::fstat(file.number(), &attributes) != 0 || !S_ISREG(attributes.st_mode)) return std::nullopt;
+    const auto expected = static_cast<std::uint64_t>(attributes.st_size);
+    if (expected > largestFile) return std::nullopt;
+
+    std::string content;
+    content.reserve(expected + roomForParser);
+    content.resize(expected + 1);
+    if (!readToEnd(file, content)) return std::nullopt;
+    return content;
+}
+
+std::optional<std::uint64_t> PosixFiles::size(const std::filesystem::path& path) {
+    struct stat attributes {};
+    if (::stat(path.c_str(), &attributes) != 0) return std::nullopt;
+    return static_cast<std::uint64_t>(attributes.st_size);
+}
+
+std::unique_ptr<OutputFile> PosixFiles::create(const std::filesystem::path& path) {
+    return openOutput(path, O_CREAT | O_TRUNC);
+}
+
+std::unique_ptr<OutputFile> PosixFiles::append(const std::filesystem::path& path) {
+    return openOutput(path, O_APPEND);
+}
+
+bool PosixFiles::rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool PosixFiles::remove(const std::filesystem::path& path) {
+    return ::unlink(path.c_str()) == 0;
+}
+
+bool PosixFiles::syncDirectory(const std::filesystem::path& path) {
+    const Descriptor directory = open(path, O_RDONLY | O_DIRECTORY);
+    return directory.isOpen() && directory.sync();
+}
+
+} // namespace velmorin

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/foundation/JSONCoding.h"
+
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace velmorin::conformance {
+
+/// What is wrong with a request, in words for its sender.
+class MalformedRequest : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// One line of input: the name of an operation and its arguments, each kept as JSON until it is asked for.
+class Request {
+public:
+    /// Throws MalformedRequest when the line is not one object with a text "op".
+    explicit Request(std::string line);
+
+    const std::string& operation() const { return m_operation; }
+
+    /// An argument that must be there. Throws MalformedRequest when it is missing or of another type.
+    template <class Value>
+    Value get(const std::string& name) const {
+        auto value = find<Value>(name);
+        if (!value) throw MalformedRequest{"the argument \"" + name + "\" is missing"};
+        return std::move(*value);
+    }
+
+    /// An argument that may be missing or null. Throws MalformedRequest when it is of another type.
+    template <class Value>
+    std::optional<Value> find(const std::string& name) const {
+        const auto found = m_arguments.find(name);
+        if (found == m_arguments.end() || found->second == "null") return std::nullopt;
+        auto value = decodeJSON<Value>(found->second);
+        if (!value) throw MalformedRequest{"the argument \"" + name + "\" is malformed"};
+        return value;
+    }
+
+private:
+    std::string m_operation;
+    std::map<std::string, std::string> m_arguments;
+};
+
+} // namespace velmorin::conformance
