@@ -13,7 +13,7 @@ namespace velmorin {
 /// A stretch of time throughout which a zone keeps one distance from UTC.
 struct OffsetSpan {
     Date start;
-    Date end;      ///< exclusive
+    Date end;          ///< exclusive
     double offset = 0; ///< seconds that local clocks are ahead of UTC
 
     bool contains(Date date) const { return start <= date && date < end; }
