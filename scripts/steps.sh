@@ -28,10 +28,13 @@ step() {
 }
 
 # Leaves a build tree ready to build. A tree that was made for another folder (the clone has moved, or the tree was
-# copied along) is configured afresh: CMake refuses it otherwise.
+# copied along) is configured afresh: CMake refuses it otherwise, and Ninja would still look for the old files.
 configure() {
-    local preset=$1 cache=build/$1/CMakeCache.txt fresh=()
-    if [[ -f $cache ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then fresh=(--fresh); fi
+    local preset=$1 tree=build/$1 fresh=()
+    if [[ -f $tree/CMakeCache.txt ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$tree/CMakeCache.txt"; then
+        rm -f "$tree"/.ninja_deps "$tree"/.ninja_log
+        fresh=(--fresh)
+    fi
     cmake --preset "$preset" "${fresh[@]}"
 }
 

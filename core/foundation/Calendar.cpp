@@ -75,6 +75,15 @@ std::optional<local_days> Calendar::day(Date date) const {
     return OffsetSpan{date, date, m_zone->offset(date)}.day(date);
 }
 
+TimeOfDay Calendar::timeOfDay(Date date) const {
+    if (!isInRange(date)) return {};
+    const LocalSeconds local{std::chrono::duration<double>{date.secondsSince1970() + m_zone->offset(date)}};
+    const auto day = std::chrono::floor<std::chrono::days>(local);
+    const std::chrono::hh_mm_ss time{std::chrono::floor<std::chrono::seconds>(local - day)};
+    return {static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count())};
+}
+
 std::optional<Date> Calendar::startOfDay(local_days day) const {
     if (!isInRange(day)) return std::nullopt;
     const Date midnight = nominalMidnight(day);

@@ -21,6 +21,15 @@ struct OffsetSpan {
     std::chrono::local_days day(Date date) const;
 };
 
+/// What local clocks show.
+struct TimeOfDay {
+    int hour = 0;   ///< 0 to 23
+    int minute = 0; ///< 0 to 59
+    int second = 0; ///< 0 to 59
+
+    bool operator==(const TimeOfDay&) const = default;
+};
+
 /// The Gregorian calendar in one time zone: which day a moment belongs to, and when a day begins. Days are what local
 /// clocks show; a change of the clocks may make one shorter, begin it after midnight, or leave it out altogether.
 class Calendar {
@@ -31,6 +40,9 @@ public:
 
     /// The calendar day of a moment; absent outside the years −9999 to 9999.
     std::optional<std::chrono::local_days> day(Date date) const;
+
+    /// What the zone's clocks show at a moment; midnight outside these years.
+    TimeOfDay timeOfDay(Date date) const;
 
     /// The first moment that shows this day. Absent for a day that the zone left out, and outside these years.
     std::optional<Date> startOfDay(std::chrono::local_days day) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/foundation/Bytes.h"
 #include "core/foundation/Date.h"
 #include "core/foundation/Fields.h"
 #include "core/foundation/JSONInput.h"
@@ -20,8 +21,8 @@
 #include <vector>
 
 /// One encoder and one strict decoder for all stored types. A value is a boolean, a 64-bit integer, a double, a text,
-/// a date (its seconds since 2001), a UUID (its text), an enumeration with raw values (its text), a list, a map from
-/// texts, or a type that describes its fields.
+/// a date (its seconds since 2001), a UUID (its text), bytes (base64), an enumeration with raw values (its text), a
+/// list, a map from texts, or a type that describes its fields.
 namespace velmorin {
 
 template <class Value>
@@ -157,6 +158,8 @@ void encode(JSONOutput& output, const Value& value) {
         output.write(value.secondsSince2001);
     } else if constexpr (std::is_same_v<Value, UUID>) {
         output.write(value.text());
+    } else if constexpr (std::is_same_v<Value, Bytes>) {
+        output.write(base64(value));
     } else if constexpr (coding::isVector<Value>) {
         output.beginArray();
         for (const auto& element : value)
@@ -185,6 +188,8 @@ bool decode(JSONInput& input, Value& value) {
         return input.read(value.secondsSince2001);
     } else if constexpr (std::is_same_v<Value, UUID>) {
         return coding::decodeText(input, value, [](const auto& text) { return UUID::parse(text); });
+    } else if constexpr (std::is_same_v<Value, Bytes>) {
+        return coding::decodeText(input, value, [](const auto& text) { return bytesFromBase64(text); });
     } else if constexpr (coding::isVector<Value>) {
         return input.forEachElement([&](JSONInput& element) { return decode(element, value.emplace_back()); });
     } else if constexpr (coding::isTextMap<Value>) {

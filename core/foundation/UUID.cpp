@@ -1,7 +1,9 @@
 #include "core/foundation/UUID.h"
 
+#include "core/foundation/Bytes.h"
+
+#include <algorithm>
 #include <openssl/rand.h>
-#include <random>
 
 namespace velmorin {
 
@@ -28,12 +30,8 @@ constexpr auto digitValues = [] {
 
 UUID UUID::random() {
     UUID uuid;
-    if (RAND_bytes(uuid.bytes.data(), static_cast<int>(uuid.bytes.size())) != 1) {
-        // The library could not seed itself; the standard one asks the system anew.
-        std::random_device source;
-        for (auto& byte : uuid.bytes)
-            byte = static_cast<std::uint8_t>(source());
-    }
+    const Bytes drawn = randomBytes(uuid.bytes.size());
+    std::ranges::copy(drawn, uuid.bytes.begin());
     uuid.bytes[6] = static_cast<std::uint8_t>((uuid.bytes[6] & 0x0F) | 0x40); // version 4
     uuid.bytes[8] = static_cast<std::uint8_t>((uuid.bytes[8] & 0x3F) | 0x80); // variant of RFC 4122
     return uuid;

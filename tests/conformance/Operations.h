@@ -1,10 +1,12 @@
 #pragma once
 
-#include "core/foundation/JSONOutput.h"
+#include "core/foundation/Calendar.h"
+#include "core/foundation/JSONCoding.h"
 #include "tests/conformance/Request.h"
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace velmorin::conformance {
@@ -13,7 +15,23 @@ namespace velmorin::conformance {
 using Operation = std::function<void(const Request&, JSONOutput&)>;
 using Operations = std::map<std::string, Operation, std::less<>>;
 
+/// The calendar in the zone of the argument "timeZone". Throws MalformedRequest when there is no such zone.
+Calendar calendarOf(const Request& request);
+
+/// Writes a value, or null where it is absent.
+template <class Value>
+void writeOptional(JSONOutput& output, const std::optional<Value>& value) {
+    if (value) {
+        encode(output, *value);
+    } else {
+        output.writeNull();
+    }
+}
+
 // Each adds the operations of one folder of the core.
+void addLanguageOperations(Operations& operations);
+void addPhoneOperations(Operations& operations);
+void addRulesOperations(Operations& operations);
 void addSessionOperations(Operations& operations);
 void addStatisticsOperations(Operations& operations);
 void addStoreOperations(Operations& operations);

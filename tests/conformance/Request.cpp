@@ -4,12 +4,17 @@
 
 namespace velmorin::conformance {
 
-Request::Request(std::string line) {
-    const bool isObject = JSONInput::read(std::move(line), [this](JSONInput& input) {
-        return input.forEachMember(
-            [this](std::string_view key, JSONInput& value) { return value.readRaw(m_arguments[std::string{key}]); });
-    });
-    if (!isObject) throw MalformedRequest{"the line is not a JSON object"};
+namespace {
+
+JSONMembers membersOf(std::string line) {
+    auto members = JSONMembers::parse(std::move(line));
+    if (!members) throw MalformedRequest{"the line is not a JSON object"};
+    return std::move(*members);
+}
+
+} // namespace
+
+Request::Request(std::string line) : m_arguments{membersOf(std::move(line))} {
     m_operation = get<std::string>("op");
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "core/foundation/JSONCoding.h"
+#include "core/foundation/JSONMembers.h"
 
-#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -18,7 +17,7 @@ class MalformedRequest : public std::runtime_error {
 /// One line of input: the name of an operation and its arguments, each kept as JSON until it is asked for.
 class Request {
 public:
-    /// Throws MalformedRequest when the line is not one object with a text "op".
+    /// Throws MalformedRequest when the line is not one object, without repeated keys, with a text "op".
     explicit Request(std::string line);
 
     const std::string& operation() const { return m_operation; }
@@ -34,16 +33,14 @@ public:
     /// An argument that may be missing or null. Throws MalformedRequest when it is of another type.
     template <class Value>
     std::optional<Value> find(const std::string& name) const {
-        const auto found = m_arguments.find(name);
-        if (found == m_arguments.end() || found->second == "null") return std::nullopt;
-        auto value = decodeJSON<Value>(found->second);
-        if (!value) throw MalformedRequest{"the argument \"" + name + "\" is malformed"};
+        auto value = m_arguments.get<Value>(name);
+        if (!value && m_arguments.hasValue(name)) throw MalformedRequest{"the argument \"" + name + "\" is malformed"};
         return value;
     }
 
 private:
     std::string m_operation;
-    std::map<std::string, std::string> m_arguments;
+    JSONMembers m_arguments;
 };
 
 } // namespace velmorin::conformance

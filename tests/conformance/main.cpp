@@ -17,6 +17,9 @@ namespace {
 
 Operations allOperations() {
     Operations operations;
+    addLanguageOperations(operations);
+    addPhoneOperations(operations);
+    addRulesOperations(operations);
     addSessionOperations(operations);
     addStatisticsOperations(operations);
     addStoreOperations(operations);

@@ -21,12 +21,6 @@ namespace {
 
 using Records = std::vector<SessionRecord>;
 
-Calendar calendarOf(const Request& request) {
-    auto calendar = Calendar::inTimeZone(request.get<std::string>("timeZone"));
-    if (!calendar) throw MalformedRequest{"the argument \"timeZone\" names no time zone"};
-    return std::move(*calendar);
-}
-
 void write(JSONOutput& output, const DaySegment& segment) {
     output.beginObject();
     output.key("id");

@@ -1,3 +1,4 @@
+#include "core/phone/PhonePairing.h"
 #include "core/session/ActiveSession.h"
 #include "core/session/AppSettings.h"
 #include "core/session/Profile.h"
@@ -55,18 +56,11 @@ const StoredType& typeNamed(const std::string& name) {
         {"Thought", storedType<Thought>()},
         {"[Thought]", storedType<std::vector<Thought>>()},
         {"AppSettings", storedType<AppSettings>()},
+        {"PhonePairing", storedType<PhonePairing>()},
     };
     const auto found = types.find(name);
     if (found == types.end()) throw MalformedRequest{"there is no stored type \"" + name + "\""};
     return found->second;
-}
-
-void write(JSONOutput& output, const std::optional<std::string>& text) {
-    if (text) {
-        output.write(*text);
-    } else {
-        output.writeNull();
-    }
 }
 
 using Step = std::vector<std::string>;
@@ -78,7 +72,7 @@ void runStep(const JSONStore& store, Files& files, const Step& step, JSONOutput&
     if (isCall("save", 3)) {
         output.write(typeNamed(step[2]).save(store, step[1], step[3]));
     } else if (isCall("load", 2)) {
-        write(output, typeNamed(step[2]).load(store, step[1]));
+        writeOptional(output, typeNamed(step[2]).load(store, step[1]));
     } else if (isCall("append", 2)) {
         store.appendLine(step[2], step[1]);
         output.writeNull();
@@ -86,7 +80,7 @@ void runStep(const JSONStore& store, Files& files, const Step& step, JSONOutput&
         store.remove(step[1]);
         output.writeNull();
     } else if (isCall("read", 1)) {
-        write(output, files.read(store.directory() / step[1]));
+        writeOptional(output, files.read(store.directory() / step[1]));
     } else {
         throw MalformedRequest{"a step is not one of save, load, append, remove and read with its arguments"};
     }
@@ -96,7 +90,7 @@ void runStep(const JSONStore& store, Files& files, const Step& step, JSONOutput&
 
 void addStoreOperations(Operations& operations) {
     operations["decode"] = [](const Request& request, JSONOutput& output) {
-        write(output, typeNamed(request.get<std::string>("type")).reencode(request.get<std::string>("text")));
+        writeOptional(output, typeNamed(request.get<std::string>("type")).reencode(request.get<std::string>("text")));
     };
     operations["JSONStore.script"] = [](const Request& request, JSONOutput& output) {
         const auto steps = request.get<std::vector<Step>>("steps");

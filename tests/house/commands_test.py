@@ -321,15 +321,21 @@ class TestCommandTest(CommandTest):
         cache = self.root / "build/dev/CMakeCache.txt"
         cache.parent.mkdir(parents=True)
         cache.write_text("CMAKE_HOME_DIRECTORY:INTERNAL=/somewhere/else\n")
+        dependencies = cache.parent / ".ninja_deps"
+        dependencies.write_text("/somewhere/else/core/session/Schedule.h")
         self.call("test", "core")
         self.assertEqual("configure dev --fresh", self.steps()[0])
+        self.assertFalse(dependencies.exists())
 
     def test_a_tree_of_this_folder_is_kept(self):
         cache = self.root / "build/dev/CMakeCache.txt"
         cache.parent.mkdir(parents=True)
         cache.write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={self.root}\n")
+        dependencies = cache.parent / ".ninja_deps"
+        dependencies.write_text("")
         self.call("test", "core")
         self.assertEqual("configure dev", self.steps()[0])
+        self.assertTrue(dependencies.exists())
 
     def test_other_checks_of_clang_tidy_check_everything_again(self):
         def cleaned():

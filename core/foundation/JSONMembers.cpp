@@ -1,0 +1,22 @@
+#include "core/foundation/JSONMembers.h"
+
+namespace velmorin {
+
+std::optional<JSONMembers> JSONMembers::parse(std::string text) {
+    JSONMembers object;
+    const bool isObject = JSONInput::read(std::move(text), [&object](JSONInput& input) {
+        return input.forEachMember([&object](std::string_view key, JSONInput& value) {
+            const auto [place, isNew] = object.m_members.try_emplace(std::string{key});
+            return isNew && value.readRaw(place->second);
+        });
+    });
+    if (!isObject) return std::nullopt;
+    return object;
+}
+
+bool JSONMembers::hasValue(const std::string& key) const {
+    const auto found = m_members.find(key);
+    return found != m_members.end() && found->second != "null";
+}
+
+} // namespace velmorin

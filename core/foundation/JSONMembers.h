@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/foundation/JSONCoding.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace velmorin {
+
+/// The members of one JSON object whose types are not known beforehand, each kept as JSON until it is asked for.
+class JSONMembers {
+public:
+    /// Absent unless the whole text is one well-formed object without a repeated key.
+    static std::optional<JSONMembers> parse(std::string text);
+
+    /// Whether there is such a member, whatever it holds.
+    bool contains(const std::string& key) const { return m_members.contains(key); }
+
+    /// The value of a member; absent when it is missing or of another type.
+    template <class Value>
+    std::optional<Value> get(const std::string& key) const {
+        const auto found = m_members.find(key);
+        return found == m_members.end() ? std::nullopt : decodeJSON<Value>(found->second);
+    }
+
+    /// Whether there is such a member and it is not null.
+    bool hasValue(const std::string& key) const;
+
+private:
+    std::map<std::string, std::string> m_members;
+};
+
+} // namespace velmorin
