@@ -35,9 +35,11 @@ bool isInRange(local_days day) {
     return day >= local_days{firstYear / 1 / 1} && day <= local_days{lastYear / 12 / 31};
 }
 
+/// Wide enough for every moment of these years in every zone, and for a look around it.
 bool isInRange(Date date) {
-    return nominalMidnight(local_days{firstYear / 1 / 1}) <= date &&
-           date <= nominalMidnight(local_days{lastYear / 12 / 31});
+    constexpr std::chrono::days margin{100};
+    return nominalMidnight(local_days{firstYear / 1 / 1} - margin) <= date &&
+           date <= nominalMidnight(local_days{lastYear / 12 / 31} + margin);
 }
 
 } // namespace
@@ -72,7 +74,8 @@ Calendar::Calendar(std::shared_ptr<const Zone> zone) : m_zone{std::move(zone)} {
 
 std::optional<local_days> Calendar::day(Date date) const {
     if (!isInRange(date)) return std::nullopt;
-    return OffsetSpan{date, date, m_zone->offset(date)}.day(date);
+    const auto day = OffsetSpan{date, date, m_zone->offset(date)}.day(date);
+    return isInRange(day) ? std::optional{day} : std::nullopt;
 }
 
 TimeOfDay Calendar::timeOfDay(Date date) const {

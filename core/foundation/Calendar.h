@@ -31,7 +31,8 @@ struct TimeOfDay {
 };
 
 /// The Gregorian calendar in one time zone: which day a moment belongs to, and when a day begins. Days are what local
-/// clocks show; a change of the clocks may make one shorter, begin it after midnight, or leave it out altogether.
+/// clocks show; a change of the clocks may make one shorter, begin it after midnight, or leave it out altogether. Any
+/// thread.
 class Calendar {
 public:
     /// The calendar in the zone with this name of the system's time zone database (IANA), such as "Asia/Tehran";
@@ -47,7 +48,7 @@ public:
     /// The first moment that shows this day. Absent for a day that the zone left out, and outside these years.
     std::optional<Date> startOfDay(std::chrono::local_days day) const;
 
-    /// The spans that together cover the time from `from` to `to`, in order. Empty outside these years.
+    /// The spans that together cover the time from `from` to `to`, in order. Empty far outside these years.
     std::vector<OffsetSpan> offsets(Date from, Date to) const;
 
 private:

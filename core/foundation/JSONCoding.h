@@ -20,9 +20,9 @@
 #include <utility>
 #include <vector>
 
-/// One encoder and one strict decoder for all stored types. A value is a boolean, a 64-bit integer, a double, a text,
-/// a date (its seconds since 2001), a UUID (its text), bytes (base64), an enumeration with raw values (its text), a
-/// list, a map from texts, or a type that describes its fields.
+/// One encoder and one strict decoder for all stored types, for any thread. A value is a boolean, a 64-bit integer, a
+/// double, a text, a date (its seconds since 2001), a UUID (its text), bytes (base64), an enumeration with raw values
+/// (its text), a list, a map from texts, or a type that describes its fields.
 namespace velmorin {
 
 template <class Value>
@@ -191,8 +191,10 @@ bool decode(JSONInput& input, Value& value) {
     } else if constexpr (std::is_same_v<Value, Bytes>) {
         return coding::decodeText(input, value, [](const auto& text) { return bytesFromBase64(text); });
     } else if constexpr (coding::isVector<Value>) {
+        value.clear();
         return input.forEachElement([&](JSONInput& element) { return decode(element, value.emplace_back()); });
     } else if constexpr (coding::isTextMap<Value>) {
+        value.clear();
         return input.forEachMember([&](std::string_view key, JSONInput& element) {
             const auto [place, isNew] = value.try_emplace(std::string{key});
             return isNew && decode(element, place->second);

@@ -42,6 +42,12 @@ std::optional<std::string_view> plainText(const char* afterQuote) {
     return text;
 }
 
+/// A text that was taken as it stands has to be passed over all the same: the parser takes one that nobody asked for,
+/// with a colon behind it, for a key.
+bool isConsumed(ondemand::value& text) {
+    return text.get_raw_json_string().error() == simdjson::SUCCESS;
+}
+
 std::optional<JSONNumber> parsedNumber(JSONInput& input, ondemand::value& value) {
     if (input.kind() != JSONInput::Kind::number) return std::nullopt;
     return JSONNumber::parse(token(value));
@@ -110,10 +116,13 @@ bool JSONInput::read(double& value) {
 
 bool JSONInput::read(std::string& value) {
     if (kind() != Kind::string) return false;
+    if (const auto plain = plainText(token(m_parsed.value).data() + 1)) {
+        value.assign(*plain);
+        return isConsumed(m_parsed.value);
+    }
     std::string_view text;
-    const auto plain = plainText(token(m_parsed.value).data() + 1);
-    if (!plain && m_parsed.value.get_string().get(text)) return false;
-    value.assign(plain.value_or(text));
+    if (m_parsed.value.get_string().get(text)) return false;
+    value.assign(text);
     return true;
 }
 

@@ -11,7 +11,7 @@ namespace velmorin {
 
 /// One JSON value while its text is being read, front to back (RFC 8259). Every value must be used exactly once, by
 /// one of the read operations, a walk over its parts, or `skip`; each answers false when the text is not JSON or the
-/// value is of another type, after which reading of the whole text must stop.
+/// value is of another type, after which reading of the whole text must stop. Any thread.
 class JSONInput {
 public:
     enum class Kind { null, boolean, number, string, array, object };
@@ -26,7 +26,8 @@ public:
         return readText(text, {&callWithValue<std::remove_reference_t<Visit>>, &visit});
     }
 
-    /// The kind as the first character tells it; the rest of the value may still turn out malformed.
+    /// The kind as the first character tells it, and null for a character that starts no value; the rest of the value
+    /// may still turn out malformed.
     Kind kind();
 
     bool read(bool& value);
@@ -35,7 +36,7 @@ public:
     /// Reads any number, exactly rounded. A number too large for a double is refused.
     bool read(double& value);
     bool read(std::string& value);
-    /// The value's own characters, checked to be one well-formed value.
+    /// The own characters of an element or member, checked to be one well-formed value. Not for the outermost value.
     bool readRaw(std::string& json);
     /// Checks the value and passes over it.
     bool skip();

@@ -14,6 +14,11 @@ std::optional<JSONMembers> JSONMembers::parse(std::string text) {
     return object;
 }
 
+std::optional<std::string> JSONMembers::raw(const std::string& key) const {
+    const auto found = m_members.find(key);
+    return found == m_members.end() ? std::nullopt : std::optional{found->second};
+}
+
 bool JSONMembers::hasValue(const std::string& key) const {
     const auto found = m_members.find(key);
     return found != m_members.end() && found->second != "null";

@@ -15,8 +15,8 @@ public:
     /// Absent unless the whole text is one well-formed object without a repeated key.
     static std::optional<JSONMembers> parse(std::string text);
 
-    /// Whether there is such a member, whatever it holds.
-    bool contains(const std::string& key) const { return m_members.contains(key); }
+    /// A member's own JSON; absent when it is missing.
+    std::optional<std::string> raw(const std::string& key) const;
 
     /// The value of a member; absent when it is missing or of another type.
     template <class Value>

@@ -8,7 +8,7 @@
 namespace velmorin {
 
 /// Builds one JSON text, compact and in UTF-8 (RFC 8259). The caller opens and closes what it nests; commas come by
-/// themselves.
+/// themselves. Any thread.
 class JSONOutput {
 public:
     void beginObject() { open('{'); }
@@ -27,8 +27,6 @@ public:
     void write(std::string_view value);
     /// Without this a text would convert to a boolean.
     void write(const char* value) { write(std::string_view{value}); }
-    /// A value that already is JSON, as it stands.
-    void writeRaw(std::string_view json) { writeLiteral(json); }
 
     /// The finished text. Absent when a number was infinite or not a number, or a text was not UTF-8: JSON cannot
     /// hold these. Leaves the output empty.

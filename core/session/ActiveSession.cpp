@@ -41,7 +41,9 @@ bool ActiveSession::isAllWorkDone(Date at) const {
 double ActiveSession::remainingFraction(Date at) const {
     const double total = Schedule::totalDuration(segments);
     if (!(total > 0)) return 0;
-    return std::clamp(status(at).remainingTotal / total, 0.0, 1.0);
+    const double fraction = status(at).remainingTotal / total;
+    // Written so that a plan of no finite length, which only a file edited by hand can hold, has nothing to come.
+    return fraction > 0 ? std::min(fraction, 1.0) : 0.0;
 }
 
 } // namespace velmorin

@@ -35,6 +35,7 @@ struct ActiveSession {
                   std::vector<Segment> plan, std::vector<std::string> bundleIDs, std::vector<std::string> domains,
                   UUID freshID = UUID::random());
 
+    /// The position in the plan.
     ScheduleStatus status(Date at) const;
 
     /// The moment at which the plan runs out.

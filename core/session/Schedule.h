@@ -15,8 +15,8 @@
 /// place by asking again. Pure functions, any thread; none fails. A moment before the start counts as the start.
 namespace velmorin::Schedule {
 
-/// No plan is longer; it takes a file edited by hand to ask for more. A pomodoro plan stops there, a deep plan puts
-/// what is left into its last work block.
+/// No plan is longer; it takes a file edited by hand to ask for more. A pomodoro plan stops there, wherever in a cycle
+/// that is; a deep plan puts what is left into its last work block.
 inline constexpr std::size_t maximumSegments = 100'000;
 
 /// Work blocks with short breaks between them and a long break after each `cyclesBeforeLongBreak`-th one, also after

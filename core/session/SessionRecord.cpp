@@ -3,6 +3,7 @@
 #include "core/session/Schedule.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -38,11 +39,14 @@ SessionRecord::SessionRecord(const ActiveSession& session, Date end, SessionOutc
       exitReason{std::move(reason)} {
     if (mode == SessionMode::deep) {
         focusedSeconds = Schedule::focusedSeconds(session.segments, startedAt, endedAt);
-        return;
+    } else {
+        const std::vector<Segment> credited = creditedBlocks(session, endedAt, outcome);
+        completedRounds = static_cast<std::int64_t>(credited.size());
+        focusedSeconds = Schedule::totalDuration(credited);
     }
-    const std::vector<Segment> credited = creditedBlocks(session, endedAt, outcome);
-    completedRounds = static_cast<std::int64_t>(credited.size());
-    focusedSeconds = Schedule::totalDuration(credited);
+    // A plan of no finite length, which only a file edited by hand can hold, must not keep the history from being
+    // saved.
+    if (!std::isfinite(focusedSeconds)) focusedSeconds = 0;
 }
 
 } // namespace velmorin

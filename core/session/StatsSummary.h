@@ -41,7 +41,7 @@ struct StatsSummary {
     std::vector<const SessionRecord*> records; ///< of the period, in the order of the history
     double focusedSeconds = 0;
     std::int64_t sessions = 0;
-    std::int64_t rounds = 0;
+    std::int64_t rounds = 0; ///< a deep session has none; like `returns` it stops at the ends of its type
     std::int64_t returns = 0;
     std::vector<ProjectTotal> byProject; ///< most time first; at equal time by name
     std::vector<Date> days;              ///< of the chart, oldest first; empty for the period `today`

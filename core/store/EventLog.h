@@ -16,7 +16,7 @@ inline constexpr std::uint64_t maximumBytes = 1'000'000;
 /// To be called once, when the program starts.
 void rotateIfLarge(const JSONStore& store);
 
-/// Adds a line of the moment, one blank and `message`, a short English phrase.
+/// Adds a line of the moment, one blank and `message`, a short English phrase. A line that cannot be written is lost.
 void log(const JSONStore& store, Date now, std::string_view message);
 
 } // namespace velmorin::EventLog

@@ -16,7 +16,7 @@ public:
 
     /// Writes all of `bytes` at the current end; false when only a part or nothing was written.
     virtual bool write(std::string_view bytes) = 0;
-    /// Returns when the content has reached the disk.
+    /// Returns when the content has reached the disk; false when that cannot be told.
     virtual bool sync() = 0;
     /// To be called once, and nothing after it.
     virtual bool close() = 0;
@@ -40,8 +40,9 @@ public:
     virtual std::unique_ptr<OutputFile> append(const std::filesystem::path& path) = 0;
     /// Puts `from` in the place of `to` at one blow: at every moment `to` is the old file or the new one.
     virtual bool rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    /// Deletes a file; false also when there was none.
     virtual bool remove(const std::filesystem::path& path) = 0;
-    /// Returns when the names in a directory have reached the disk.
+    /// Returns when the names in a directory have reached the disk; false when that cannot be told.
     virtual bool syncDirectory(const std::filesystem::path& path) = 0;
 };
 

@@ -11,8 +11,9 @@
 namespace velmorin {
 
 /// The one directory with everything the program remembers, and the only code that touches it. Forgiving: nothing
-/// throws, and a missing file, a damaged file and a full disk all come down to an absent value or false. Each file is
-/// written whole, so that a crash at any moment leaves the old file or the new one. Main thread only.
+/// throws but for want of memory, and a missing file, a damaged file and a full disk all come down to an absent value
+/// or false. Each file is written whole, so that a crash at any moment leaves the old file or the new one. Main thread
+/// only.
 class JSONStore {
 public:
     /// Makes the directory, with those above it, if it can. `files` must outlive the store.

@@ -53,6 +53,16 @@ Descriptor open(const std::filesystem::path& path, int flags) {
     return Descriptor{retry([&] { return ::open(path.c_str(), flags | O_CLOEXEC, ownerReadWrite); })};
 }
 
+/// Nothing but a regular file: a pipe, for instance, could keep its reader or writer waiting for ever.
+Descriptor openRegular(const std::filesystem::path& path, int flags) {
+    Descriptor descriptor = open(path, flags | O_NONBLOCK);
+    struct stat attributes {};
+    const bool isRegular =
+        descriptor.isOpen() && ::fstat(descriptor.number(), &attributes) == 0 && S_ISREG(attributes.st_mode);
+    if (!isRegular) descriptor.close();
+    return descriptor;
+}
+
 class PosixOutputFile final : public OutputFile {
 public:
     explicit PosixOutputFile(Descriptor descriptor) : m_descriptor{std::move(descriptor)} {}
@@ -73,14 +83,13 @@ private:
 };
 
 std::unique_ptr<OutputFile> openOutput(const std::filesystem::path& path, int flags) {
-    Descriptor descriptor = open(path, flags | O_WRONLY);
+    Descriptor descriptor = openRegular(path, flags | O_WRONLY);
     if (!descriptor.isOpen()) return nullptr;
     return std::make_unique<PosixOutputFile>(std::move(descriptor));
 }
 
 bool readToEnd(const Descriptor& file, std::string& content) {
     for (std::size_t used = 0;;) {
-        // One byte more than is there finds the end without growing once more.
         if (used == content.size()) content.resize(used + used / 2 + 4096);
         const auto count = retry([&] { return ::read(file.number(), content.data() + used, content.size() - used); });
         if (count < 0) return false;
@@ -101,15 +110,15 @@ bool PosixFiles::makeDirectory(const std::filesystem::path& path) {
 }
 
 std::optional<std::string> PosixFiles::read(const std::filesystem::path& path) {
-    // Anything but a regular file, a pipe for instance, could keep the reader waiting for ever.
-    const Descriptor file = open(path, O_RDONLY | O_NONBLOCK);
+    const Descriptor file = openRegular(path, O_RDONLY);
     struct stat attributes {};
-    if (!file.isOpen() || ::fstat(file.number(), &attributes) != 0 || !S_ISREG(attributes.st_mode)) return std::nullopt;
+    if (!file.isOpen() || ::fstat(file.number(), &attributes) != 0) return std::nullopt;
     const auto expected = static_cast<std::uint64_t>(attributes.st_size);
     if (expected > largestFile) return std::nullopt;
 
     std::string content;
     content.reserve(expected + roomForParser);
+    // One byte more than is there finds the end without growing.
     content.resize(expected + 1);
     if (!readToEnd(file, content)) return std::nullopt;
     return content;
@@ -139,7 +148,8 @@ bool PosixFiles::remove(const std::filesystem::path& path) {
 
 bool PosixFiles::syncDirectory(const std::filesystem::path& path) {
     const Descriptor directory = open(path, O_RDONLY | O_DIRECTORY);
-    return directory.isOpen() && directory.sync();
+    // Some file systems keep names without being asked and know no such request.
+    return directory.isOpen() && (directory.sync() || errno == EINVAL || errno == ENOTSUP);
 }
 
 } // namespace velmorin

@@ -35,5 +35,6 @@ void addRulesOperations(Operations& operations);
 void addSessionOperations(Operations& operations);
 void addStatisticsOperations(Operations& operations);
 void addStoreOperations(Operations& operations);
+void addStringsOperations(Operations& operations);
 
 } // namespace velmorin::conformance

@@ -18,4 +18,10 @@ Request::Request(std::string line) : m_arguments{membersOf(std::move(line))} {
     m_operation = get<std::string>("op");
 }
 
+std::string Request::raw(const std::string& name) const {
+    const auto json = m_arguments.raw(name);
+    if (!json) throw MalformedRequest{"the argument \"" + name + "\" is missing"};
+    return *json;
+}
+
 } // namespace velmorin::conformance

@@ -38,6 +38,9 @@ public:
         return value;
     }
 
+    /// An argument's own JSON. Throws MalformedRequest when it is missing.
+    std::string raw(const std::string& name) const;
+
 private:
     std::string m_operation;
     JSONMembers m_arguments;

@@ -23,6 +23,7 @@ Operations allOperations() {
     addSessionOperations(operations);
     addStatisticsOperations(operations);
     addStoreOperations(operations);
+    addStringsOperations(operations);
     return operations;
 }
 

@@ -1,4 +1,5 @@
 #include "core/geometry/PanelPlacement.h"
+#include "core/geometry/TimeSlider.h"
 #include "core/rules/AppPolicy.h"
 #include "core/rules/BrowserScripts.h"
 #include "core/rules/DomainPolicy.h"
@@ -84,6 +85,10 @@ void addBrowserScripts(Operations& operations) {
 }
 
 void addGeometry(Operations& operations) {
+    operations["TimeSlider.stored"] = [](const Request& request, JSONOutput& output) {
+        output.write(TimeSlider::stored(request.get<double>("x"), request.get<std::int64_t>("lower"),
+                                        request.get<std::int64_t>("upper"), request.get<std::int64_t>("step")));
+    };
     operations["PanelPlacement.arrangementKey"] = [](const Request& request, JSONOutput& output) {
         output.write(PanelPlacement::arrangementKey(rectangles(request, "frames")));
     };

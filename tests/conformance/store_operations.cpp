@@ -1,3 +1,4 @@
+#include "core/language/QuoteDeck.h"
 #include "core/phone/PhonePairing.h"
 #include "core/session/ActiveSession.h"
 #include "core/session/AppSettings.h"
@@ -9,6 +10,8 @@
 #include "tests/conformance/Operations.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -56,6 +59,7 @@ const StoredType& typeNamed(const std::string& name) {
         {"Thought", storedType<Thought>()},
         {"[Thought]", storedType<std::vector<Thought>>()},
         {"AppSettings", storedType<AppSettings>()},
+        {"QuoteDeck", storedType<QuoteDeck>()},
         {"PhonePairing", storedType<PhonePairing>()},
     };
     const auto found = types.find(name);
@@ -65,10 +69,18 @@ const StoredType& typeNamed(const std::string& name) {
 
 using Step = std::vector<std::string>;
 
+/// Only what lies in the directory of the script may be touched.
+void requireInside(const std::string& fileName) {
+    const std::filesystem::path path{fileName};
+    const bool goesUp = std::ranges::find(path, "..") != path.end();
+    if (path.is_absolute() || goesUp) throw MalformedRequest{"the file \"" + fileName + "\" is not in the directory"};
+}
+
 void runStep(const JSONStore& store, Files& files, const Step& step, JSONOutput& output) {
     const auto isCall = [&step](const char* name, std::size_t arguments) {
         return step.size() == arguments + 1 && step.front() == name;
     };
+    if (step.size() > 1) requireInside(step[1]);
     if (isCall("save", 3)) {
         output.write(typeNamed(step[2]).save(store, step[1], step[3]));
     } else if (isCall("load", 2)) {

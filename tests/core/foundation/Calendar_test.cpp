@@ -85,6 +85,12 @@ TEST(CalendarTest, outsideItsYearsThereAreNoDays) {
     }
     EXPECT_FALSE(calendar.startOfDay(local_days{year{10'000} / 1 / 1}));
     EXPECT_TRUE(calendar.day(Date{1e11}));
+    for (const auto border : {local_days{year{9999} / 12 / 31}, local_days{year{-9999} / 1 / 1}}) {
+        const auto start = calendar.startOfDay(border);
+        ASSERT_TRUE(start);
+        EXPECT_EQ(calendar.day(*start + 3'600.0), border);
+        EXPECT_EQ(DayRow(calendar, *start + 3'600.0, 1).find(*start), 0U);
+    }
 }
 
 TEST(DayRowTest, aRowEndsWithTheDayOfNow) {

@@ -208,6 +208,30 @@ TEST(JSONCodingTest, loneSurrogatesFail) {
     }
 }
 
+TEST(JSONCodingTest, aTextWithAColonBehindItIsNoKey) {
+    for (const char* text : {R"({"text":"t":1},"count":1})", R"({"text":"t":}})", R"({"text":"t": "count":1})"}) {
+        EXPECT_FALSE(JSONInput::read(text, [](JSONInput& input) { return input.skip(); })) << text;
+    }
+    for (const char* colon : {R"("t":1})", R"("t":})", R"("t":)", R"("t":"u")", R"("t\u0074":1})"}) {
+        EXPECT_FALSE(with(R"("t")", colon)) << colon;
+        EXPECT_FALSE(with(R"("calm")", R"("calm":1})")) << colon;
+        EXPECT_FALSE(with(R"("count":1)", R"("count":1:)")) << colon;
+        EXPECT_FALSE(with(R"("flag":true)", R"("flag":true:1})")) << colon;
+    }
+    EXPECT_FALSE(decodeJSON<std::vector<std::string>>(R"(["a":1]])"));
+    EXPECT_FALSE(decodeJSON<std::vector<std::string>>(R"(["a":"b"])"));
+    EXPECT_FALSE(decodeJSON<std::string>(R"("a":1])"));
+}
+
+TEST(JSONCodingTest, aListAndAMapTakeThePlaceOfWhatWasThere) {
+    std::vector<std::int64_t> list{1, 2};
+    std::map<std::string, std::int64_t> map{{"a", 1}};
+    EXPECT_TRUE(JSONInput::read("[3]", [&](JSONInput& input) { return decode(input, list); }));
+    EXPECT_TRUE(JSONInput::read(R"({"a":2})", [&](JSONInput& input) { return decode(input, map); }));
+    EXPECT_EQ(list, std::vector<std::int64_t>{3});
+    EXPECT_EQ(map, (std::map<std::string, std::int64_t>{{"a", 2}}));
+}
+
 TEST(JSONCodingTest, onlyWhiteSpaceMayStandAroundAValue) {
     EXPECT_TRUE(decodeJSON<std::vector<double>>(" [ ] \n"));
     EXPECT_EQ(decodeJSON<double>(" 7 "), 7.0);
@@ -245,6 +269,14 @@ TEST(JSONCodingTest, nestingIsLimited) {
     EXPECT_FALSE(isAccepted(nested(JSONInput::maximumDepth)));
     EXPECT_FALSE(isAccepted(nested(100'000)));
     EXPECT_FALSE(isAccepted(std::string(100'000, '[')));
+    const auto nestedObjects = [](std::size_t depth) {
+        std::string text;
+        for (std::size_t level = 0; level < depth; ++level)
+            text += R"({"a":)";
+        return text + "1" + std::string(depth, '}');
+    };
+    EXPECT_TRUE(isAccepted(nestedObjects(JSONInput::maximumDepth)));
+    EXPECT_FALSE(isAccepted(nestedObjects(JSONInput::maximumDepth + 1)));
 }
 
 TEST(JSONCodingTest, theTextOfAValueIsGivenAsItStands) {

@@ -54,6 +54,13 @@ TEST(ActiveSessionTest, remainingFractionOfAnEmptyPlanIsZero) {
     EXPECT_EQ(session({}).remainingFraction(start), 0.0);
 }
 
+TEST(ActiveSessionTest, remainingFractionStaysBetweenZeroAndOneForPlansEditedByHand) {
+    const auto fractionOf = [](std::vector<Segment> plan) { return session(std::move(plan)).remainingFraction(start); };
+    EXPECT_EQ(fractionOf({{SegmentKind::work, 1e308}, {SegmentKind::work, 1e308}}), 0.0);
+    EXPECT_EQ(fractionOf({{SegmentKind::work, -60}}), 0.0);
+    EXPECT_EQ(fractionOf({{SegmentKind::work, 60}, {SegmentKind::work, -30}}), 1.0);
+}
+
 TEST(ActiveSessionTest, leavingADeepSessionCostsThreeTimesAsMuchWhateverThePlansLength) {
     EXPECT_EQ(session({{SegmentKind::work, 1}}, SessionMode::deep).exitWaitSeconds(), 180.0);
     EXPECT_EQ(session(Schedule::deep({}), SessionMode::deep).exitWaitSeconds(), 180.0);

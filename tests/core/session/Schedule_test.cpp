@@ -143,6 +143,19 @@ TEST(ScheduleTest, finishedWorkForgivesAHundredthOfASecond) {
     EXPECT_EQ(text(Schedule::finishedWork(plan, start, start + 7'800.0)), "W25 W25 W25 W25");
 }
 
+TEST(ScheduleTest, aBlockThatLacksJustAHundredthIsFinished) {
+    const std::vector<Segment> plan{{SegmentKind::work, 1'500}};
+    EXPECT_EQ(Schedule::finishedWork(plan, Date{0}, Date{1'500 - 0.01}).size(), 1U);
+    EXPECT_EQ(Schedule::finishedWork(plan, Date{0}, Date{std::nextafter(1'500 - 0.01, 0)}).size(), 0U);
+}
+
+TEST(ScheduleTest, theTimeLeftIsTheWholeLessTheElapsed) {
+    const std::vector<Segment> plan(11, Segment{SegmentKind::work, 0.1});
+    const double total = Schedule::totalDuration(plan);
+    EXPECT_EQ(Schedule::status(plan, Date{0}, Date{0.35}).remainingTotal, total - 0.35);
+    EXPECT_EQ(Schedule::status(plan, Date{0}, Date{0.35}).remainingInSegment, (0.1 + 0.1 + 0.1 + 0.1) - 0.35);
+}
+
 TEST(ScheduleTest, onlyFinishedWorkHasATolerance) {
     const auto plan = Schedule::pomodoro({});
     const Date almost = start + (1'500.0 - 0.005);
@@ -175,10 +188,10 @@ TEST(ScheduleTest, anEmptyPlanHasNoFocusAndNoFinishedWork) {
 }
 
 TEST(ScheduleTest, durationsAreAddedInListOrder) {
-    const std::vector<Segment> plan{
-        {SegmentKind::work, 0.1}, {SegmentKind::work, 0.2}, {SegmentKind::work, 0.3}, {SegmentKind::work, 1e16}};
-    EXPECT_EQ(Schedule::totalDuration(plan), ((0.1 + 0.2) + 0.3) + 1e16);
-    EXPECT_EQ(Schedule::focusedSeconds(plan, start, start + 1.0), ((0.1 + 0.2) + 0.3) + (1.0 - ((0.1 + 0.2) + 0.3)));
+    const std::vector<Segment> plan{{SegmentKind::work, 1e16}, {SegmentKind::work, 1}, {SegmentKind::work, 1}};
+    ASSERT_NE((1e16 + 1) + 1, (1 + 1.0) + 1e16);
+    EXPECT_EQ(Schedule::totalDuration(plan), (1e16 + 1) + 1);
+    EXPECT_EQ(Schedule::focusedSeconds(plan, Date{0}, Date{1e17}), (1e16 + 1) + 1);
 }
 
 } // namespace

@@ -90,6 +90,17 @@ TEST(SessionRecordTest, anEmptyPlanIsCreditedNothing) {
     expectCredit(completed(session, 10.0), std::nullopt, 0.0);
 }
 
+TEST(SessionRecordTest, aPlanOfNoFiniteLengthIsCreditedNothingAndCanBeSaved) {
+    auto session = pomodoroSession();
+    session.segments = {{SegmentKind::work, 1e308}, {SegmentKind::work, 1e308}};
+    expectCredit(completed(session, 10.0), 2, 0.0);
+    EXPECT_TRUE(encodeJSON(completed(session, 10.0)));
+}
+
+TEST(SessionRecordTest, noRoundsAreWrittenAsZero) {
+    EXPECT_NE(encodeJSON(aborted(pomodoroSession(), 10.0))->find(R"("completedRounds":0)"), std::string::npos);
+}
+
 TEST(SessionRecordTest, withoutAReasonTheKeyIsLeftOutAndItReadsBackEqual) {
     const auto record = completed(deepSession(), 70 * 60.0);
     const auto text = encodeJSON(record);

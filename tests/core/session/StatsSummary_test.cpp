@@ -163,6 +163,9 @@ TEST(StatsSummaryTest, countersOfAnySizeDoNotOverflow) {
     const StatsSummary summary{history, StatsPeriod::today, wednesday, inBerlin};
     EXPECT_EQ(summary.rounds, std::numeric_limits<std::int64_t>::max());
     EXPECT_EQ(summary.returns, std::numeric_limits<std::int64_t>::min());
+    history[1].completedRounds = -1;
+    const StatsSummary mixed{history, StatsPeriod::today, wednesday, inBerlin};
+    EXPECT_EQ(mixed.rounds, std::numeric_limits<std::int64_t>::max() - 1);
 }
 
 TEST(StatsSummaryTest, aPresentThatNoCalendarKnowsHasNoDays) {
@@ -173,6 +176,8 @@ TEST(StatsSummaryTest, aPresentThatNoCalendarKnowsHasNoDays) {
         EXPECT_EQ(summary.sessions, 1);
         EXPECT_TRUE(summary.days.empty());
         EXPECT_TRUE(summary.segments.empty());
+        // Nothing lies before a moment that is no number, or after one without end.
+        EXPECT_EQ(StatsSummary(history, StatsPeriod::week, Date{now}, inBerlin).sessions, now < 0 ? 1 : 0);
     }
 }
 

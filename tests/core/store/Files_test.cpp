@@ -112,10 +112,13 @@ TEST_F(PosixFilesTest, aNewFileIsForItsOwnerOnly) {
     EXPECT_EQ(attributes.st_mode & 0777U, 0600U);
 }
 
-TEST_F(PosixFilesTest, aPipeOrADirectoryIsNotReadAndKeepsNobodyWaiting) {
+TEST_F(PosixFilesTest, aPipeOrADirectoryIsNoFileAndKeepsNobodyWaiting) {
     ASSERT_EQ(::mkfifo((directory.path() / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(files.read(directory.path() / "pipe"));
     EXPECT_FALSE(files.read(directory.path()));
+    EXPECT_EQ(files.create(directory.path() / "pipe"), nullptr);
+    EXPECT_EQ(files.append(directory.path() / "pipe"), nullptr);
+    EXPECT_EQ(files.create(directory.path()), nullptr);
 }
 
 TEST_F(PosixFilesTest, aFileAboveTheLimitIsNotRead) {

@@ -27,13 +27,25 @@ void require(bool condition, const char* expectation) {
     ::_exit(1);
 }
 
-/// Makes this process see mounts of its own. An ordinary user may do so only as the root of a namespace of users.
-bool separateMounts() {
-    if (::geteuid() == 0) return ::unshare(CLONE_NEWNS) == 0;
+/// What the child process ends with on a machine that lets nobody mount anything.
+constexpr int noMounts = 77;
+
+/// Makes this process see mounts of its own, with a small file system at `directory`. An ordinary user may do so only
+/// as the root of a namespace of users; some containers let nobody.
+bool mountSmallFileSystem(const std::filesystem::path& directory) {
     const auto user = std::to_string(::geteuid());
-    if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
-    std::ofstream{"/proc/self/uid_map"} << "0 " + user + " 1";
-    return true;
+    const auto group = std::to_string(::getegid());
+    if (::geteuid() == 0) {
+        if (::unshare(CLONE_NEWNS) != 0) return false;
+    } else {
+        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+        std::ofstream{"/proc/self/uid_map"} << "0 " + user + " 1";
+        std::ofstream{"/proc/self/setgroups"} << "deny";
+        std::ofstream{"/proc/self/gid_map"} << "0 " + group + " 1";
+    }
+    // Mounts stay in this process.
+    return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           ::mount("tmpfs", directory.c_str(), "tmpfs", 0, "size=256k") == 0;
 }
 
 void fill(const std::filesystem::path& path) {
@@ -43,9 +55,7 @@ void fill(const std::filesystem::path& path) {
 }
 
 void storeOnAFullDisk(const std::filesystem::path& directory) {
-    require(separateMounts(), "the process gets mounts of its own");
-    require(::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "mounts stay in this process");
-    require(::mount("tmpfs", directory.c_str(), "tmpfs", 0, "size=256k") == 0, "a small file system is mounted");
+    if (!mountSmallFileSystem(directory)) ::_exit(noMounts);
 
     PosixFiles files;
     const JSONStore store{directory, files};
@@ -80,7 +90,9 @@ TEST(FullDiskTest, aFullFileSystemLeavesTheOldFile) {
     }
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == noMounts) GTEST_SKIP() << "this machine lets no process mount a file system";
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 } // namespace

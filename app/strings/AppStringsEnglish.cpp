@@ -1,0 +1,226 @@
+#include "app/strings/AppStrings.h"
+
+namespace velmorin {
+
+namespace {
+
+/// The number and the word for one or for several.
+std::string counted(std::int64_t count, const char* one, const char* several) {
+    return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
+std::string countedApps(std::int64_t count) {
+    return counted(count, "app", "apps");
+}
+
+/// A text before, one put in as it is, and a text after.
+std::string around(std::string_view before, std::string_view text, std::string_view after) {
+    return std::string{before}.append(text).append(after);
+}
+
+} // namespace
+
+const AppStrings AppStrings::english{
+    .appName = "Dravoni",
+    .startSubtitle = "What will you focus on today?",
+    .profilesSubtitle = "For each kind of work, set which apps and sites are allowed.",
+    .thoughtsSubtitle = "Thoughts from the middle of your work stay safe here until it's time.",
+    .statsSubtitle = "The time you've given yourself.",
+    .settingsSubtitle = "How the app looks, and the link to your phone.",
+    .modePomodoroDetail = "Short rounds with breaks",
+    .modeDeepDetail = "A long session, fully locked",
+    .tabStart = "Start",
+    .tabProfiles = "Profiles",
+    .tabThoughts = "Thoughts",
+    .tabStats = "Stats",
+    .tabSettings = "Settings",
+    .createProfileFirst = "Create a profile first.",
+    .startSession = "Start session",
+    .appsStayOpen = "Open apps aren't closed, only hidden, so you won't lose unsaved work.",
+    .goalHeading = "Goal for this session (optional)",
+    .goalPlaceholder = "What exactly do you want to finish?",
+    .profileHeading = "Profile",
+    .allowedInSession = "Allowed in this session",
+    .modeHeading = "Mode",
+    .modePomodoro = "Pomodoro",
+    .modeDeep = "Deep lock",
+    .resetTimings = "Reset times",
+    .resetTimingsHelp = "Sets this profile's Pomodoro and deep lock times back to their defaults. Apps, sites and all "
+                        "other settings stay as they are.",
+    .focusLength = "Focus",
+    .shortBreak = "Short break",
+    .longBreak = "Long break",
+    .cycleCount = "Rounds",
+    .totalLength = "Total length",
+    .breakAfterEvery = "Break after every",
+    .breakLength = "Break length",
+    .sessionTotal = "Whole session",
+    .noApps = "No apps",
+    .appCount = [](std::int64_t apps) { return countedApps(apps); },
+    .appAndSiteCount = [](std::int64_t apps,
+                          std::int64_t sites) { return countedApps(apps) + " and " + counted(sites, "site", "sites"); },
+    .stepLess = "less",
+    .stepMore = "more",
+    .thisSessionWork = "This session's work",
+    .restWord = "Break",
+    .segmentAndTotal =
+        [](std::string_view segment, std::string_view total) {
+            return around("This part: ", segment, ", whole session: ").append(total);
+        },
+    .returnedSoFar =
+        [](std::int64_t times) {
+            return times == 1 ? "You've come back to work once so far."
+                              : "You've come back to work " + std::to_string(times) + " times so far.";
+        },
+    .endSession = "End session",
+    .newThoughtPlaceholder = "Got a new thought?",
+    .save = "Save",
+    .thoughtsHint = "During a session, use “Write a thought” on the small panel, or press ⌃⌥T anywhere on your Mac.",
+    .thoughtsEmpty = "Nothing here yet. Thoughts from the middle of your work collect here.",
+    .delete_ = "Delete",
+    .appearanceHeading = "Language and color",
+    .languageLabel = "Language",
+    .colorThemeLabel = "Color theme",
+    .themeDusk = "Dusk",
+    .themeDawn = "Dawn",
+    .themeAurora = "Aurora",
+    .displayHeading = "Display",
+    .showBackdrop = "Show sentences instead of the desktop while working",
+    .showFloatingTimer = "Show the floating timer during a session",
+    .doNotDisturbHeading = "Do Not Disturb",
+    .runShortcuts = "Run a Shortcut when a session starts and ends",
+    .shortcutStart = "Start Shortcut",
+    .shortcutEnd = "End Shortcut",
+    .shortcutHelp = "In the Shortcuts app, create two shortcuts with these names: one using Set Focus with Do Not "
+                    "Disturb and On, and one with Off.",
+    .phoneHeading = "Phone",
+    .phoneConnect = "Connect a phone",
+    .phoneScanHint = "In the Dravoni app on your phone, open Settings, tap “Connect to Mac”, and scan this code.",
+    .phoneWaiting = "Waiting for the phone…",
+    .phoneCancelPairing = "Cancel",
+    .phoneConnected = "Phone connected ✓",
+    .phoneLockToo = "Also lock the phone when a session starts on this Mac",
+    .phoneOneWayNote = "This link is one-way: a session you start on the phone doesn't lock the Mac.",
+    .phoneDisconnect = "Disconnect phone",
+    .phoneLocking = "Phone: locking…",
+    .phoneLockedNow = "Phone: locked ✓",
+    .phoneNoAnswer = "Phone: no answer",
+    .phoneReleased = "Phone: freed early",
+    .phoneNeedsSetup = "The phone didn't lock: in its Dravoni app, turn on Accessibility under Settings.",
+    .phoneNoAnswerDetail = "The phone didn't answer and may not be locked. Check its internet connection.",
+    .periodToday = "Today",
+    .periodWeek = "7 days",
+    .periodMonth = "30 days",
+    .periodAll = "All",
+    .clearStats = "Clear stats",
+    .focusTime = "Focus time",
+    .sessionsWord = "Sessions",
+    .completedRoundsLabel = "Full rounds",
+    .roundsAmount = [](std::int64_t rounds) { return counted(rounds, "full round", "full rounds"); },
+    .timesReturned = "Times back to work",
+    .noSessionsYet = "No sessions recorded yet.",
+    .noSessionsInRange = "No sessions in this period.",
+    .focusByProject = "Focus time by project",
+    .dayByDay = "Day by day",
+    .clearStatsQuestion = "Clear all stats?",
+    .clearStatsDetail = "All recorded sessions will be removed. Your thoughts and profiles stay, and you can restore "
+                        "the stats until the next time you clear them.",
+    .clearStatsConfirm = "Yes, clear",
+    .cancel = "Cancel",
+    .statsWereCleared = "Your earlier stats were cleared.",
+    .restoreStats = "Restore stats",
+    .focusedAmount = [](std::string_view time) { return around("", time, " of focus"); },
+    .returnsAmount = [](std::int64_t returns) { return counted(returns, "return", "returns"); },
+    .listSeparator = ", ",
+    .sessionsHeading = "Sessions",
+    .endedEarly = [](std::string_view reason) { return around("Ended early: ", reason, ""); },
+    .projectHelp =
+        [](std::string_view name, std::string_view time, std::int64_t sessions) {
+            return around(name, ": ", time) + ", " + counted(sessions, "session", "sessions");
+        },
+    .chartDay = "Day",
+    .chartFrom = "From",
+    .chartTo = "To",
+    .chartProject = "Project",
+    .noSessionThisDay = "No sessions",
+    .dayTotal = [](std::string_view time) { return around("Total: ", time, ""); },
+    .otherProjects = "Other",
+    .newProfile = "New profile",
+    .deleteProfile = "Delete this profile",
+    .nameLabel = "Name",
+    .profileNamePlaceholder = "Profile name",
+    .noAppsChosen = "No apps chosen. That suits studying with a book or paper.",
+    .removeItem = [](std::string_view item) { return around("Remove ", item, ""); },
+    .chooseApps = "Choose apps…",
+    .allowedApps = "Allowed apps",
+    .add = "Add",
+    .badDomain = "That address isn't valid. Write it like example.org.",
+    .domainsNote = "Subdomains are allowed too. Other sites are closed in Chrome and Safari.",
+    .browserWithoutSites = "A browser is allowed but no sites are, so only blank pages will open.",
+    .allowedSites = "Allowed sites",
+    .browserPermissionNote =
+        "Seeing site addresses needs permission once. Without it, the browser is locked during a session.",
+    .checkPermission = [](std::string_view browser) { return around("Check ", browser, " permission"); },
+    .browserPermission = "Browser permission",
+    .escapeHatchWarning =
+        [](std::string_view app) { return around("“", app, "” can be used to get around the lock."); },
+    .unsupportedBrowserWarning =
+        [](std::string_view browser) {
+            return around("Sites in “", browser, "” aren't controlled; only Chrome and Safari are supported.");
+        },
+    .permissionChecking = "Checking… If your Mac asks, click OK.",
+    .permissionGranted = "Permission granted ✓",
+    .permissionDenied = "Denied. Turn it on in System Settings › Privacy › Automation.",
+    .permissionNoAnswer = "No answer. Open the browser and try again.",
+    .searchApps = "Search apps",
+    .done = "Done",
+    .thoughtBoxPrompt = "Got a thought? Write it here",
+    .clockLabel = "Time",
+    .remainingInSession = "Left in session",
+    .writeThought = "Write a thought",
+    .writeThoughtHelp = "Write down any thought that comes up. ⌃⌥T also opens this from anywhere on your Mac.",
+    .floatingEndSession = "End session",
+    .clockAt = [](std::string_view time) { return std::string{time}; },
+    .timeLeft = [](std::string_view time) { return around("", time, " left"); },
+    .breakLeft = [](std::string_view time) { return around("Break: ", time, ""); },
+    .quickThoughtPlaceholder = "What's the thought? Write it and press Enter",
+    .thoughtFieldPrompt = "Got a thought? Leave it here and come back to it on your break.",
+    .thoughtFieldExample = "For example: message a friend",
+    .saved = "Saved",
+    .breathing = "One slow breath…",
+    .backToWork = "Back to work",
+    .canWait = [](std::string_view target) { return around("“", target, "” can wait for now."); },
+    .endQuestion = "Do you want to end the session?",
+    .whyEnd = "Why does it need to end now?",
+    .reasonPlaceholder = "Write a few words for yourself",
+    .stayAndContinue = "I'll stay and continue",
+    .endAvailableIn = [](std::string_view time) { return around("End session becomes available in ", time, ""); },
+    .reasonTooShort = "To end the session, write your reason a little more fully",
+    .breakTime = "Break time",
+    .restLeft = [](std::string_view time) { return around("", time, " of rest"); },
+    .keptThoughts = "Thoughts you kept",
+    .backEarly = "Back to work early",
+    .thisRoundWork = "This round's work",
+    .startNow = "Let's start",
+    .timesReturnedToWork = "Times back to work",
+    .thoughtsKept = "Thoughts kept",
+    .menuOpen = "Open Dravoni",
+    .menuWriteThought = "Write a thought (⌃⌥T)",
+    .menuHideTimer = "Hide floating timer",
+    .menuShowTimer = "Show floating timer",
+    .menuEndSession = "End session…",
+    .menuQuit = "Quit",
+    .menuQuitApp = "Quit Dravoni",
+    .menuEdit = "Edit",
+    .menuUndo = "Undo",
+    .menuCut = "Cut",
+    .menuCopy = "Copy",
+    .menuPaste = "Paste",
+    .menuSelectAll = "Select All",
+    .menuWindow = "Window",
+    .menuClose = "Close",
+    .thisApp = "This app",
+    .noAutomation = [](std::string_view browser) { return around("", browser, " (no Automation permission)"); },
+};
+
+} // namespace velmorin
