@@ -8,6 +8,7 @@
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <system_error>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -18,10 +19,12 @@ int main(int count, char** arguments) {
         return 2;
     }
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator{arguments[1]})
+    std::error_code failure; // a folder that cannot be read has no inputs
+    for (const auto& entry : std::filesystem::directory_iterator{arguments[1], failure})
         files.push_back(entry.path());
     std::ranges::sort(files);
     for (const auto& path : files) {
+        std::cerr << path.filename().string() << std::endl; // the last one said is the one that failed
         std::ifstream file{path, std::ios::binary};
         const std::vector<char> bytes{std::istreambuf_iterator<char>{file}, {}};
         const std::vector<std::uint8_t> data{bytes.begin(), bytes.end()};

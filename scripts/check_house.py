@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """The rules of the house that no compiler checks: who may include whom, no real clock where time is an argument,
-no system conditionals outside the platform folders, own header first, no toolkit in the core.
+no system conditionals outside the platform folders, own header first, no toolkit in the core, no file that is
+never built.
 
 Usage: check_house.py ROOT
 
@@ -9,7 +10,7 @@ Prints one line "file:line: message" per finding and exits with 1; without findi
 
 import re
 import sys
-from pathlib import Path
+from pathlib import Path, PurePosixPath
 
 # --- The rules, as data ---------------------------------------------------------------------------------------------
 
@@ -222,6 +223,25 @@ def check_toolkit_free(source):
             yield line, f"{included}: this folder builds without the toolkit"
 
 
+def check_is_built(source):
+    """A source that no CMakeLists.txt names would never be compiled, and a test in it never run. Headers count where
+    libraries list them; those of tests are found by who includes them."""
+    path = PurePosixPath(source.path)
+    if not (source.root / "CMakeLists.txt").is_file():
+        return
+    if path.suffix == ".h" and path.parts[0] not in ("core", "app"):
+        return
+    # bench/ and fuzz/ name their programs, not their files.
+    short = re.sub(r"_(?:bench|fuzz)$", "", path.stem) if path.parts[0] == "fuzz" else path.stem
+    for folder in path.parents:
+        lists = source.root / folder / "CMakeLists.txt"
+        names = [str(path.relative_to(folder)), *([short] if path.parts[0] in ("bench", "fuzz") else [])]
+        words = re.split(r"[\s()]+", lists.read_text(encoding="utf-8")) if lists.is_file() else []
+        if any(name in words for name in names):
+            return
+    yield 1, "no CMakeLists.txt names this file, so that it is never built"
+
+
 CHECKS = [
     check_place,
     check_include_directions,
@@ -230,6 +250,7 @@ CHECKS = [
     check_time_sources,
     check_system_conditionals,
     check_toolkit_free,
+    check_is_built,
 ]
 
 

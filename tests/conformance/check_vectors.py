@@ -303,6 +303,9 @@ def check(program, directory):
         report.failed = due - report.passed
     finally:
         driver.kill()
+    if report.failed:
+        print("If the behaviour was changed on purpose: change tests/conformance/reference.py alike, then run "
+              "tests/conformance/generate_vectors.py.")
     return report.close()
 
 

@@ -83,10 +83,16 @@ int run(int count, char** arguments) {
             printPlan(Profile{"", mode});
         return 0;
     }
+    if (option == "--operations") {
+        for (const auto& [name, operation] : allOperations())
+            std::cout << name << '\n';
+        return 0;
+    }
     if (!option.empty()) {
-        std::cerr << "usage: velmorin-conformance [--demo]\n"
+        std::cerr << "usage: velmorin-conformance [--demo | --operations]\n"
                      "Without an option: reads one JSON request a line and writes one JSON answer a line.\n"
-                     "--demo: prints the plans of a default session of both kinds.\n";
+                     "--demo: prints the plans of a default session of both kinds.\n"
+                     "--operations: prints the names of all operations.\n";
         return option == "--help" ? 0 : 2;
     }
     const Operations operations = allOperations();

@@ -4,7 +4,7 @@
 It speaks the conformance driver's protocol: one JSON request per line on
 standard input, one JSON answer per line on standard output. Everything here is
 written for being read, not for speed: every rule is a few lines that can be
-compared with the rule's own words. It shares no code with the core module.
+worked out by hand. It shares no code with the core module.
 
 Inside, a decoded value is made of plain Python values: a record is a dict whose
 keys stand in the order in which they are written, an absent optional member is
@@ -550,10 +550,11 @@ def pomodoro_plan(config):
     long = max(config["longBreakMinutes"], 1)
     every = max(config["cyclesBeforeLongBreak"], 1)
     total = max(config["totalCycles"], 1)
-    if total * 2 > MOST_SEGMENTS:
-        raise Malformed("too many segments")
     plan = []
     for cycle in range(1, total + 1):
+        # A cycle that would not fit whole is left out.
+        if len(plan) + 2 > MOST_SEGMENTS:
+            break
         plan.append(segment("work", seconds_of(work)))
         if cycle % every == 0:
             plan.append(segment("longBreak", seconds_of(long)))
@@ -570,12 +571,11 @@ def deep_plan(config):
         return [segment("work", left)]
     plan = []
     while True:
-        if len(plan) >= MOST_SEGMENTS:
-            raise Malformed("too many segments")
         block = min(left, every)
         plan.append(segment("work", block))
         left -= block
-        if not pause < left:
+        # Where a break and more work would not fit any more, the rest joins this block.
+        if not pause < left or len(plan) + 2 > MOST_SEGMENTS:
             break
         plan.append(segment("lockedBreak", pause))
         left -= pause

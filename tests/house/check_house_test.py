@@ -95,6 +95,23 @@ class TreeTest(CheckHouseTest):
         self.assertIn("A.h:2: __linux__", lines[1])
 
 
+class BuiltTest(CheckHouseTest):
+    ROOT = {"CMakeLists.txt": "add_subdirectory(core)\n"}
+
+    def test_a_file_that_is_named_from_its_list_is_built(self):
+        self.assert_clean({**self.ROOT, "core/CMakeLists.txt": "f(SOURCES\n    foundation/A.cpp\n)\n",
+                           "core/foundation/A.cpp": ""})
+        self.assert_clean({**self.ROOT, "fuzz/CMakeLists.txt": "velmorin_fuzz(store)\n", "fuzz/store_fuzz.cpp": ""})
+        self.assert_clean({**self.ROOT, "tests/support/Plans.h": ""})
+
+    def test_a_file_that_no_list_names_is_a_finding(self):
+        built = {**self.ROOT, "core/CMakeLists.txt": "f(SOURCES\n    foundation/A.cpp\n)\n"}
+        self.assert_finding({**built, "core/foundation/B.cpp": ""}, "core/foundation/B.cpp", 1, "never built")
+        self.assert_finding({**built, "core/foundation/A.h": ""}, "core/foundation/A.h", 1, "never built")
+        self.assert_finding({**built, "core/session/A.cpp": ""}, "core/session/A.cpp", 1, "never built")
+        self.assert_finding({**self.ROOT, "tests/core/A_test.cpp": ""}, "tests/core/A_test.cpp", 1, "never built")
+
+
 class PlaceTest(CheckHouseTest):
     def test_an_unknown_folder_below_core_is_a_finding(self):
         self.assert_finding_in("core/misc/A.h", "", 1, "core/misc/", "no place")

@@ -368,11 +368,15 @@ class TestCommandTest(CommandTest):
 
 
 class RunCommandTest(CommandTest):
+    def test_without_arguments_it_starts_the_demonstration(self):
+        self.program("velmorin-conformance", 'printf "<%s>" "$@"')
+        self.assertTrue(self.call("run").stdout.endswith("<--demo>"))
+
     def test_it_builds_and_starts_the_program_where_it_was_called(self):
         self.program("velmorin-conformance", 'pwd; printf "<%s>" "$@"')
         done = self.call("run", "one", "two words")
         self.assertEqual(0, done.returncode, done.stderr)
-        self.assertTrue(done.stdout.endswith(f"{self.folder}\n<--demo><one><two words>"), done.stdout)
+        self.assertTrue(done.stdout.endswith(f"{self.folder}\n<one><two words>"), done.stdout)
         self.assertEqual("cmake --preset release", self.calls("cmake")[0])
 
     def test_the_status_is_that_of_the_program(self):
