@@ -45,16 +45,14 @@ UChar32 next(std::string_view text, std::int32_t& start) {
 
 #pragma GCC diagnostic pop
 
-/// An iterator over user-perceived characters is dear to make and keeps a place, so that each thread has its own.
-icu::BreakIterator* characterIterator() {
-    thread_local const std::unique_ptr<icu::BreakIterator> iterator = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<icu::BreakIterator> made{
-            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status)};
-        return U_SUCCESS(status) ? std::move(made) : nullptr;
-    }();
-    return iterator.get();
+std::unique_ptr<icu::BreakIterator> makeCharacterIterator() {
+    UErrorCode status = U_ZERO_ERROR;
+    return std::unique_ptr<icu::BreakIterator>{
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status)};
 }
+
+/// An iterator over user-perceived characters is dear to make and keeps a place, so that each thread has its own.
+thread_local const auto characterIterator = makeCharacterIterator();
 
 } // namespace
 
@@ -76,7 +74,7 @@ std::string_view trimmed(std::string_view text) {
 }
 
 std::int64_t characterCount(std::string_view text) {
-    auto* const iterator = characterIterator();
+    auto* const iterator = characterIterator.get();
     if (iterator == nullptr) return 0;
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<UText, decltype(&utext_close)> source{
