@@ -8,7 +8,8 @@ namespace velmorin::Watchdog {
 
 namespace {
 
-/// Every control character but tab, line feed and carriage return, and the two code points that are none.
+/// Whether XML can hold a text: UTF-8 without control characters but tab, line feed and carriage return, and without
+/// the two code points that are none.
 bool isXMLText(std::string_view text) {
     const auto isForbidden = [](char character) {
         const auto code = static_cast<unsigned char>(character);

@@ -19,8 +19,8 @@ std::string quoted(std::string_view text);
 /// argument and `extraArguments`.
 std::string shellLine(std::string_view bundlePath, std::span<const std::string> extraArguments);
 
-/// The agent file: an XML property list (version 1.0) with the check, which runs every 3 seconds. Absent when an
-/// argument holds a character that XML cannot (production 2 of XML 1.0), or is not UTF-8.
+/// The agent file: an XML property list (version 1.0) with the check, which runs every 3 seconds. Absent when the path
+/// or an argument holds a character that XML cannot (production 2 of XML 1.0), or is not UTF-8.
 std::optional<std::string> propertyList(std::string_view bundlePath, std::span<const std::string> extraArguments);
 
 } // namespace velmorin::Watchdog

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
 #include <openssl/rand.h>
@@ -48,8 +49,19 @@ Bytes randomBytes(std::size_t count) {
     return bytes;
 }
 
+std::uint64_t randomBelow(std::uint64_t bound) {
+    // The last, incomplete run of numbers would make the first ones likelier.
+    const std::uint64_t incomplete = (0 - bound) % bound;
+    for (;;) {
+        std::uint64_t drawn = 0;
+        const Bytes bytes = randomBytes(sizeof drawn);
+        std::memcpy(&drawn, bytes.data(), sizeof drawn);
+        if (drawn >= incomplete) return drawn % bound;
+    }
+}
+
 void wipe(Bytes& bytes) {
-    OPENSSL_cleanse(bytes.data(), bytes.size());
+    if (!bytes.empty()) OPENSSL_cleanse(bytes.data(), bytes.size());
 }
 
 } // namespace velmorin

@@ -21,6 +21,9 @@ std::optional<Bytes> bytesFromBase64(std::string_view text);
 /// drawn from it has to be secret.
 Bytes randomBytes(std::size_t count);
 
+/// A whole number from 0 up to, not including, `bound`, each as likely, from the same source. `bound` is at least 1.
+std::uint64_t randomBelow(std::uint64_t bound);
+
 /// Overwrites secret bytes, also where the compiler sees that nobody reads them again.
 void wipe(Bytes& bytes);
 

@@ -12,7 +12,7 @@ namespace velmorin {
 /// The members of one JSON object whose types are not known beforehand, each kept as JSON until it is asked for.
 class JSONMembers {
 public:
-    /// Absent unless the whole text is one well-formed object without a repeated key.
+    /// Absent unless the whole text is one well-formed object without a repeated key of its own.
     static std::optional<JSONMembers> parse(std::string text);
 
     /// A member's own JSON; absent when it is missing.

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// What texts need beyond bytes. All texts are UTF-8; bytes that are not count as replacement characters, each on its
-/// own. Any thread.
+/// What texts need beyond bytes. All texts are UTF-8; each longest piece that is not counts as one replacement
+/// character, and stays as it is in what is given back. Any thread.
 namespace velmorin {
 
 /// Whether a text is well-formed UTF-8: no overlong forms, surrogates or bytes beyond U+10FFFF.

@@ -3,7 +3,6 @@
 #include "core/language/TimeText.h"
 
 #include <array>
-#include <cmath>
 
 namespace velmorin::Persian {
 
@@ -40,7 +39,7 @@ std::string compactRemaining(double seconds) {
 }
 
 std::string clock(double seconds) {
-    const auto total = static_cast<std::int64_t>(std::ceil(std::max(seconds, 0.0)));
+    const auto total = TimeText::roundedUp(seconds);
     const std::string minutesAndSeconds = TimeText::twoDigits(total / 60 % 60) + ":" + TimeText::twoDigits(total % 60);
     return digits(total < 3600 ? minutesAndSeconds : std::to_string(total / 3600) + ":" + minutesAndSeconds);
 }

@@ -1,8 +1,10 @@
 #include "core/language/QuoteDeck.h"
 
+#include "core/foundation/Bytes.h"
 #include "core/foundation/RawValue.h"
 
 #include <cstddef>
+#include <cstdlib>
 #include <numeric>
 #include <utility>
 
@@ -37,10 +39,15 @@ std::string_view QuoteDeck::next(QuoteCategory category, AppLanguage language, c
             std::swap(order.front(), order.back());
         }
     }
+    if (order.empty()) std::abort(); // a moment without sentences: a mistake in the lists
     const std::int64_t index = order.back();
     order.pop_back();
     last[key] = index;
     return all[static_cast<std::size_t>(index)];
+}
+
+std::string_view QuoteDeck::next(QuoteCategory category, AppLanguage language) {
+    return next(category, language, &randomBelow);
 }
 
 } // namespace velmorin

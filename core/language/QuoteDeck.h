@@ -28,6 +28,9 @@ struct QuoteDeck {
     /// The next sentence. Asks `draw` only when a new rotation is shuffled, then once for each step.
     std::string_view next(QuoteCategory category, AppLanguage language, const RandomDraw& draw);
 
+    /// The same with the system's random source.
+    std::string_view next(QuoteCategory category, AppLanguage language);
+
     bool operator==(const QuoteDeck&) const = default;
 };
 

@@ -40,8 +40,14 @@ UDate noon(std::chrono::local_days day) {
 
 } // namespace
 
+std::int64_t roundedUp(double length) {
+    constexpr double bound = 1e15;
+    // Written so that what is no number counts as none.
+    return length > 0 ? static_cast<std::int64_t>(std::ceil(std::min(length, bound))) : 0;
+}
+
 HoursAndMinutes HoursAndMinutes::roundedUp(double seconds) {
-    const auto minutes = static_cast<std::int64_t>(std::ceil(std::max(seconds, 0.0) / 60.0));
+    const auto minutes = TimeText::roundedUp(seconds / 60.0);
     return {minutes / 60, minutes % 60};
 }
 

@@ -19,6 +19,9 @@ struct HoursAndMinutes {
     static HoursAndMinutes roundedUp(double seconds);
 };
 
+/// A length of time as a whole number, rounded up and from 0 to far more than any session can last.
+std::int64_t roundedUp(double length);
+
 /// The words around the numbers.
 struct Labels {
     std::string_view hours;

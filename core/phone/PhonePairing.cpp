@@ -20,6 +20,7 @@ PhonePairing& PhonePairing::operator=(PhonePairing&& other) noexcept {
 }
 
 PhonePairing::~PhonePairing() {
+    wipe(id);
     wipe(key);
 }
 

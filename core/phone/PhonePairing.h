@@ -9,7 +9,7 @@
 
 namespace velmorin {
 
-/// The secret that a pairing with a phone creates. Overwritten when it goes.
+/// The secret that a pairing with a phone creates. Its bytes are overwritten when it goes.
 struct PhonePairing {
     Bytes id;  ///< 16 bytes; the names of the topics are made from it
     Bytes key; ///< 32 bytes, for both directions

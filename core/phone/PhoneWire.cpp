@@ -41,7 +41,8 @@ const std::uint8_t* authenticated(std::string_view direction) {
     return reinterpret_cast<const std::uint8_t*>(direction.data());
 }
 
-/// Appends nothing for an empty text, which the library may answer with a null pointer.
+/// Fills `box`, which begins with the nonce and has room for the rest. An empty text is skipped: the library takes its
+/// null pointer for another request.
 bool encrypt(std::span<const std::uint8_t> plaintext, const Bytes& key, std::string_view direction, Bytes& box) {
     const Context context = newContext();
     auto* const nonce = box.data();
@@ -113,8 +114,9 @@ std::optional<Bytes> open(std::string_view sealed, const Bytes& key, std::string
     const auto box = data(sealed);
     if (!box || box->size() < nonceLength + tagLength || cipherFor(key) == nullptr) return std::nullopt;
     Bytes plaintext(box->size() - nonceLength - tagLength);
-    if (!decrypt(*box, key, direction, plaintext)) return std::nullopt;
-    return plaintext;
+    if (decrypt(*box, key, direction, plaintext)) return plaintext;
+    wipe(plaintext);
+    return std::nullopt;
 }
 
 } // namespace velmorin::PhoneWire

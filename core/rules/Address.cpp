@@ -96,7 +96,8 @@ bool endsInNumber(std::string_view name) {
 }
 
 bool isPlainName(std::string_view name) {
-    return !name.empty() && std::ranges::all_of(name, [](char character) {
+    const bool hasEmptyPart = name.empty() || name.starts_with('.') || name.find("..") != name.npos;
+    return !hasEmptyPart && std::ranges::all_of(name, [](char character) {
         return isLetter(character) || isDigit(character) || character == '-' || character == '_' || character == '.';
     });
 }

@@ -97,10 +97,12 @@ void addWire(Operations& operations) {
 
 void addMessages(Operations& operations) {
     operations["PhoneCommand.start"] = [](const Request& request, JSONOutput& output) {
-        writeOptional(output,
-                      PhoneCommand::encoded(PhoneCommand::Start{request.get<UUID>("id"), request.get<Date>("startedAt"),
-                                                                request.get<std::vector<Segment>>("segments"),
-                                                                request.get<std::int64_t>("sequence")}));
+        PhoneCommand::Start start;
+        start.id = request.get<UUID>("id");
+        start.startedAt = request.get<Date>("startedAt");
+        start.segments = request.get<std::vector<Segment>>("segments");
+        start.sequence = request.get<std::int64_t>("sequence");
+        writeOptional(output, PhoneCommand::encoded(start));
     };
     operations["PhoneCommand.end"] = [](const Request& request, JSONOutput& output) {
         writeOptional(output, PhoneCommand::encoded(

@@ -56,7 +56,10 @@ def problems(row, line, text):
         return
     if not is_wellformed(text):
         yield "xmllint refuses the list"
-    if plistlib.loads(text.encode()) != expected_list(line):
+    read, expected = plistlib.loads(text.encode()), expected_list(line)
+    # Python takes true for 1; a list does not.
+    types = {key: type(value) for key, value in read.items()}
+    if read != expected or types != {key: type(value) for key, value in expected.items()}:
         yield "plistlib reads another list"
 
 

@@ -231,6 +231,8 @@ class TestCommandTest(CommandTest):
                 "build tidy",
                 "configure core-only",
                 "build core-only all",
+                "configure release",
+                "build release velmorin-conformance",
                 "configure dev",
                 "build dev all all_verify_interface_header_sets",
                 "test dev",

@@ -72,6 +72,32 @@ TEST(AppStringsTest, theTextsThatDifferInMoreThanWordsDo) {
     EXPECT_EQ(german.shortcutStart.find("Shortcut"), std::string_view::npos);
 }
 
+TEST(AppStringsTest, theTellingTextsAreAsTheyWereGiven) {
+    EXPECT_EQ(german.tabStart, "Start");
+    EXPECT_EQ(persian.tabStart, "شروع");
+    EXPECT_EQ(german.modeDeep, "Tiefe Sperre");
+    EXPECT_EQ(persian.modeDeep, "قفل عمیق");
+    EXPECT_EQ(german.restWord, "Pause");
+    EXPECT_EQ(persian.restWord, "استراحت");
+    EXPECT_EQ(german.doNotDisturbHeading, "Nicht stören");
+    EXPECT_EQ(german.phoneLocking, "Handy: wird gesperrt…");
+    EXPECT_EQ(persian.phoneLocking, "گوشی: در حال قفل شدن…");
+    EXPECT_EQ(german.phoneNoAnswer, "Handy: keine Antwort");
+    EXPECT_EQ(persian.phoneNoAnswer, "گوشی: پاسخی نیامد");
+    EXPECT_EQ(persian.phoneNeedsSetup,
+              "گوشی قفل نشد: در اپ Dravoni روی گوشی، از تنظیمات مجوز Accessibility را روشن کن.");
+    EXPECT_EQ(german.periodWeek, "7 Tage");
+    EXPECT_EQ(persian.periodMonth, "۳۰ روز");
+    EXPECT_EQ(german.badDomain, "Diese Adresse ist nicht gültig. Schreib sie wie example.org.");
+    EXPECT_EQ(persian.badDomain, "این آدرس درست نیست. مثل example.org بنویس.");
+    EXPECT_EQ(german.reasonTooShort, "Schreib deinen Grund etwas ausführlicher, um zu beenden");
+    EXPECT_EQ(persian.reasonTooShort,
+              "برای پایان جلسه، دلیلت را کمی کامل‌تر بنویس");
+    EXPECT_EQ(german.menuQuitApp, "Dravoni beenden");
+    EXPECT_EQ(persian.menuQuitApp, "خروج از Dravoni");
+    EXPECT_NE(persian.shortcutEnd.find("Shortcut"), std::string_view::npos);
+}
+
 TEST(AppStringsTest, onlyEnglishAndGermanHaveAWordForOne) {
     EXPECT_EQ(english.appCount(1), "1 app");
     EXPECT_EQ(english.appCount(0), "0 apps");

@@ -67,6 +67,14 @@ TEST(FormattingTest, aNegativeLengthIsNone) {
     EXPECT_EQ(duration(persian, -0.5), "۰ دقیقه");
 }
 
+TEST(FormattingTest, lengthsBeyondAllSessionsAreStillNumbers) {
+    for (const double seconds : {1e21, 1e300}) {
+        EXPECT_EQ(duration(english, seconds).find('-'), std::string::npos);
+        EXPECT_EQ(compactRemaining(persian, seconds).find('-'), std::string::npos);
+        EXPECT_EQ(Persian::clock(seconds).find('-'), std::string::npos);
+    }
+}
+
 TEST(FormattingTest, theShortFormHasNoLabelsFromOneHourOn) {
     EXPECT_EQ(compactRemaining(german, 3'540), "59 Min.");
     EXPECT_EQ(compactRemaining(german, 3'541), "1:00");
@@ -97,30 +105,56 @@ TEST(FormattingTest, theShortDateDiffersWhereTheDayDoes) {
     EXPECT_EQ(shortDate(persian, evening, tehran), "۱۱ اسفند");
 }
 
-TEST(FormattingTest, theSolarCalendarIsThatOfTheCollectedDays) {
-    const auto names = [] {
-        for (const auto& line : testDataLines("persian_month_names.tsv")) {
-            auto parts = columns(line);
-            if (parts[0] == "fa" && parts[1] == "stand-alone") return parts;
-        }
-        return std::vector<std::string>{};
-    }();
-    ASSERT_EQ(names.size(), 14U);
+std::vector<std::string> solarMonths() {
+    for (const auto& line : testDataLines("persian_month_names.tsv")) {
+        auto parts = columns(line);
+        if (parts[0] == "fa" && parts[1] == "stand-alone") return {parts.begin() + 2, parts.end()};
+    }
+    return {};
+}
+
+int field(const std::string& date, std::size_t from, std::size_t length) {
+    return std::stoi(date.substr(from, length));
+}
+
+/// Expects that the day "2001-03-21" of one calendar shows as the day "1380-01-01" of the other, from its first moment
+/// to its last.
+void expectSolarDay(const std::string& gregorian, const std::string& solar) {
+    const auto months = solarMonths();
+    ASSERT_EQ(months.size(), 12U);
+    const auto day = std::chrono::year{field(gregorian, 0, 4)} / field(gregorian, 5, 2) / field(gregorian, 8, 2);
+    const auto expected =
+        Persian::number(field(solar, 8, 2)) + " " + months[static_cast<std::size_t>(field(solar, 5, 2)) - 1];
+    EXPECT_EQ(shortDate(persian, at(day), utc), expected) << gregorian;
+    EXPECT_EQ(shortDate(persian, at(day, 23, 59, 59), utc), expected) << gregorian;
+}
+
+/// Checks each row of a file whose columns hold a Gregorian and a solar date; returns how many there are.
+int expectSolarDays(std::string_view fileName, std::size_t gregorianColumn, std::size_t solarColumn) {
     int count = 0;
-    for (const auto& line : testDataLines("persian_days.tsv")) {
+    for (const auto& line : testDataLines(fileName)) {
         const auto parts = columns(line);
-        if (parts[0] == "ap_date") continue;
-        const auto field = [](const std::string& date, std::size_t from, std::size_t length) {
-            return std::stoi(date.substr(from, length));
-        };
-        const auto gregorian = std::chrono::year{field(parts[1], 0, 4)} / field(parts[1], 5, 2) / field(parts[1], 8, 2);
-        const auto expected =
-            Persian::number(field(parts[0], 8, 2)) + " " + names[static_cast<std::size_t>(field(parts[0], 5, 2)) + 1];
-        EXPECT_EQ(shortDate(persian, at(gregorian), utc), expected) << line;
-        EXPECT_EQ(shortDate(persian, at(gregorian, 23, 59, 59), utc), expected) << line;
+        if (parts[gregorianColumn].find('-') == std::string::npos) continue;
+        expectSolarDay(parts[gregorianColumn], parts[solarColumn]);
         ++count;
     }
-    EXPECT_GE(count, 1'000);
+    return count;
+}
+
+TEST(FormattingTest, theSolarCalendarIsThatOfTheCollectedDays) {
+    EXPECT_GE(expectSolarDays("persian_days.tsv", 1, 0), 1'000);
+    EXPECT_GE(expectSolarDays("persian_icu_mapping.tsv", 0, 1), 30);
+}
+
+TEST(FormattingTest, everySolarYearBeginsWhereItShould) {
+    int count = 0;
+    for (const auto& line : testDataLines("persian_years.tsv")) {
+        const auto parts = columns(line);
+        if (parts[0] == "ap_year") continue;
+        expectSolarDay(parts[3], parts[0] + "-01-01");
+        ++count;
+    }
+    EXPECT_GE(count, 30);
 }
 
 TEST(ClockHandsTest, bothHandsMoveContinuously) {

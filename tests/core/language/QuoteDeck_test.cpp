@@ -86,6 +86,26 @@ TEST(QuoteDeckTest, aShuffleDrawsOncePerStepFromTheEnd) {
     });
 }
 
+TEST(QuoteDeckTest, noGeneratorMakesTheSeamRepeat) {
+    for (const RandomDraw& draw : {highest, RandomDraw{[](std::uint64_t) { return std::uint64_t{0}; }}}) {
+        QuoteDeck deck;
+        std::int64_t before = -1;
+        for (int round = 0; round < 200; ++round) {
+            const auto index = indexDealt(deck, QuoteCategory::urge, persian, draw);
+            ASSERT_NE(index, before);
+            before = index;
+        }
+    }
+}
+
+TEST(QuoteDeckTest, theSystemsRandomSourceDealsARotationToo) {
+    QuoteDeck deck;
+    std::set<std::string_view> dealt;
+    for (int round = 0; round < 20; ++round)
+        dealt.insert(deck.next(QuoteCategory::exit, german));
+    EXPECT_EQ(dealt.size(), 20U);
+}
+
 TEST(QuoteDeckTest, categoriesDoNotTouchEachOther) {
     QuoteDeck deck;
     const auto draw = seeded(4);

@@ -44,6 +44,23 @@ TEST(QuotesTest, theListsAreParallel) {
         EXPECT_EQ(sentences(category, AppLanguage::german)[index], german);
         EXPECT_EQ(sentences(category, AppLanguage::persian)[index], persian);
     };
+    expectRow(QuoteCategory::urge, 0, "This urge comes and goes; you don't have to follow it.",
+              "Dieser Drang kommt und geht; du musst ihm nicht folgen.",
+              "این میل می‌آید و می‌رود؛ لازم نیست دنبالش بروی.");
+    expectRow(QuoteCategory::urge, 7, "Write the thought down; it won't get lost.",
+              "Schreib den Gedanken auf; er geht nicht verloren.", "فکرت را بنویس؛ گم نمی‌شود.");
+    expectRow(QuoteCategory::returning, 0, "Welcome back. Carry on from where you left off.",
+              "Schön, dass du zurück bist. Mach dort weiter, wo du warst.",
+              "خوش برگشتی. از همان‌جا که مانده بودی ادامه بده.");
+    expectRow(QuoteCategory::returning, 11, "One more round. As simple as that.",
+              "Noch eine Runde, so einfach ist das.", "یک دور دیگر، به همین سادگی.");
+    expectRow(QuoteCategory::rest, 0, "Get up and walk around a little.", "Steh auf und geh ein paar Schritte.",
+              "از جایت بلند شو و کمی راه برو.");
+    expectRow(QuoteCategory::exit, 0, "If you really need to go, that's okay. Just be sure.",
+              "Wenn es wirklich sein muss, ist Gehen in Ordnung. Sei dir nur sicher.",
+              "اگر واقعاً لازم است، رفتن اشکالی ندارد. فقط مطمئن شو.");
+    expectRow(QuoteCategory::finish, 0, "It's done. You gave this time to yourself as a gift.",
+              "Geschafft. Diese Zeit hast du dir selbst geschenkt.", "تمام شد. این زمان را به خودت هدیه دادی.");
     expectRow(QuoteCategory::urge, 1, "Every wave of temptation rises, then settles.",
               "Jede Welle der Versuchung steigt an und legt sich wieder.",
               "هر موج وسوسه بالا می‌آید و بعد آرام می‌شود.");

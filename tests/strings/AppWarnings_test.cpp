@@ -1,0 +1,27 @@
+#include "app/strings/AppWarnings.h"
+
+#include <gtest/gtest.h>
+
+namespace velmorin {
+namespace {
+
+TEST(AppWarningsTest, waysOutComeBeforeBrowsersEachInTheProfilesOrder) {
+    Profile profile{"Work", SessionMode::deep};
+    profile.allowedApps = {{"org.mozilla.firefox", "Firefox"},
+                           {"com.apple.Terminal", "Terminal"},
+                           {"org.example.editor", "Editor"},
+                           {"com.brave.Browser", "Brave"},
+                           {"com.apple.Automator", "Automator"}};
+    EXPECT_EQ(appWarnings(profile, AppStrings::english),
+              (std::vector<std::string>{"“Terminal” can be used to get around the lock.",
+                                        "“Automator” can be used to get around the lock.",
+                                        "Sites in “Firefox” aren't controlled; only Chrome and Safari are supported.",
+                                        "Sites in “Brave” aren't controlled; only Chrome and Safari are supported."}));
+}
+
+TEST(AppWarningsTest, withoutApplicationsThereIsNothingToSay) {
+    EXPECT_TRUE(appWarnings(Profile{"Work", SessionMode::deep}, AppStrings::persian).empty());
+}
+
+} // namespace
+} // namespace velmorin
