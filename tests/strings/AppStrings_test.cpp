@@ -22,9 +22,10 @@ const std::map<AppLanguage, const AppStrings*> instances{
 TEST(AppStringsTest, allFieldsOfAllLanguagesAreFilled) {
     EXPECT_EQ(AppStringsFields::texts.size(), 160U);
     EXPECT_EQ(AppStringsFields::functions.size(), 21U);
-    for (const auto& [language, strings] : instances) {
+    for (const auto& instance : instances) {
+        const AppStrings* const strings = instance.second;
         for (const auto& field : AppStringsFields::texts) {
-            EXPECT_FALSE((strings->*field.member).empty()) << rawValue(language) << " " << field.name;
+            EXPECT_FALSE((strings->*field.member).empty()) << rawValue(instance.first) << " " << field.name;
         }
         for (const auto& field : AppStringsFields::functions) {
             std::visit([&](auto member) { EXPECT_NE(strings->*member, nullptr) << field.name; }, field.member);
