@@ -33,7 +33,9 @@ PLACES = {
     "app/engine": BELOW_ENGINE,
     "app/shell": [*BELOW_ENGINE, "app/engine"],
     "app/screens": [*BELOW_ENGINE, "app/engine", "app/shell"],
+    # The compositions: the program, and the engine on the simulated desktop.
     "app/main.cpp": ["core", "app"],
+    "app/simulate": [*BELOW_ENGINE, "app/engine", "app/platform/simulated"],
     # The platform folders see the seams they serve, never the engine and never each other.
     "app/platform/simulated": ["core", "app/seams", "app/strings"],
     "app/platform/qt": ["core", "app/seams", "app/strings"],
@@ -81,7 +83,7 @@ SYSTEM_MACROS = (
 
 # What must build where there is no toolkit.
 TOOLKIT_FREE = [
-    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/simulated",
+    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/simulated", "app/simulate",
 ]
 TOOLKIT_HEADER = r"(?:Qt?[A-Z]\w*(?:/.+)?|q[a-z0-9_]+\.h)"
 

@@ -36,6 +36,12 @@ std::string escaped(std::string_view text) {
 
 } // namespace
 
+std::vector<std::string> launchArguments(std::span<const std::string> extraArguments) {
+    std::vector<std::string> arguments{std::string{launchArgument}};
+    arguments.insert(arguments.end(), extraArguments.begin(), extraArguments.end());
+    return arguments;
+}
+
 std::string quoted(std::string_view text) {
     std::string word = "'";
     for (const char character : text) {
@@ -48,17 +54,16 @@ std::string quoted(std::string_view text) {
     return word + "'";
 }
 
-std::string shellLine(std::string_view bundlePath, std::span<const std::string> extraArguments) {
+std::string shellLine(std::string_view bundlePath, std::span<const std::string> launchArguments) {
     std::string line = "/usr/bin/pgrep -xq ";
-    line.append(processName).append(" || /usr/bin/open -g ").append(quoted(bundlePath)).append(" --args ");
-    line += quoted(launchArgument);
-    for (const auto& argument : extraArguments)
+    line.append(processName).append(" || /usr/bin/open -g ").append(quoted(bundlePath)).append(" --args");
+    for (const auto& argument : launchArguments)
         line += " " + quoted(argument);
     return line;
 }
 
-std::optional<std::string> propertyList(std::string_view bundlePath, std::span<const std::string> extraArguments) {
-    const std::string check = shellLine(bundlePath, extraArguments);
+std::optional<std::string> propertyList(std::string_view bundlePath, std::span<const std::string> launchArguments) {
+    const std::string check = shellLine(bundlePath, launchArguments);
     if (!isXMLText(check)) return std::nullopt;
     std::string text = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">

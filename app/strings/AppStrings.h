@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/language/AppLanguage.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -195,6 +197,9 @@ struct AppStrings {
     static const AppStrings persian;
     static const AppStrings english;
     static const AppStrings german;
+
+    /// The instance of a language.
+    static const AppStrings& of(AppLanguage language);
 };
 
 } // namespace velmorin

@@ -49,12 +49,12 @@ Bytes randomBytes(std::size_t count) {
     return bytes;
 }
 
-std::uint64_t randomBelow(std::uint64_t bound) {
+std::uint64_t randomBelow(std::uint64_t bound, const ByteSource& source) {
     // The last, incomplete run of numbers would make the first ones likelier.
     const std::uint64_t incomplete = (0 - bound) % bound;
     for (;;) {
         std::uint64_t drawn = 0;
-        const Bytes bytes = randomBytes(sizeof drawn);
+        const Bytes bytes = source(sizeof drawn);
         std::memcpy(&drawn, bytes.data(), sizeof drawn);
         if (drawn >= incomplete) return drawn % bound;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,8 +22,11 @@ std::optional<Bytes> bytesFromBase64(std::string_view text);
 /// drawn from it has to be secret.
 Bytes randomBytes(std::size_t count);
 
-/// A whole number from 0 up to, not including, `bound`, each as likely, from the same source. `bound` is at least 1.
-std::uint64_t randomBelow(std::uint64_t bound);
+/// A source of random bytes.
+using ByteSource = std::function<Bytes(std::size_t count)>;
+
+/// A whole number from 0 up to, not including, `bound`, each as likely, from a source. `bound` is at least 1.
+std::uint64_t randomBelow(std::uint64_t bound, const ByteSource& source = randomBytes);
 
 /// Overwrites secret bytes, also where the compiler sees that nobody reads them again.
 void wipe(Bytes& bytes);

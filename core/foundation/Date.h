@@ -12,6 +12,9 @@ struct Date {
 
     double secondsSince2001 = 0;
 
+    /// A moment before all others that matter: 0001-01-01 00:00:00 UTC.
+    static constexpr Date distantPast() { return {-63'114'076'800.0}; }
+
     static constexpr Date fromSecondsSince1970(double seconds) { return {seconds - secondsFrom1970To2001}; }
     constexpr double secondsSince1970() const { return secondsSince2001 + secondsFrom1970To2001; }
 

@@ -24,4 +24,11 @@ bool JSONMembers::hasValue(const std::string& key) const {
     return found != m_members.end() && found->second != "null";
 }
 
+std::vector<std::string> JSONMembers::keys() const {
+    std::vector<std::string> names;
+    for (const auto& member : m_members)
+        names.push_back(member.first);
+    return names;
+}
+
 } // namespace velmorin

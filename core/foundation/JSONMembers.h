@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace velmorin {
 
@@ -27,6 +28,9 @@ public:
 
     /// Whether there is such a member and it is not null.
     bool hasValue(const std::string& key) const;
+
+    /// The names of all members, in the order of their bytes.
+    std::vector<std::string> keys() const;
 
 private:
     std::map<std::string, std::string> m_members;

@@ -25,6 +25,8 @@ public:
     void write(double value);
     /// A slash is escaped, as are quotation mark, backslash and the control characters, and nothing else.
     void write(std::string_view value);
+    /// A value that is JSON already, as it stands.
+    void writeJSON(std::string_view json) { writeLiteral(json); }
     /// Without this a text would convert to a boolean.
     void write(const char* value) { write(std::string_view{value}); }
 

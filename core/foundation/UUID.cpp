@@ -29,9 +29,13 @@ constexpr auto digitValues = [] {
 } // namespace
 
 UUID UUID::random() {
-    UUID uuid;
-    const Bytes drawn = randomBytes(uuid.bytes.size());
-    std::ranges::copy(drawn, uuid.bytes.begin());
+    std::array<std::uint8_t, 16> drawn;
+    std::ranges::copy(randomBytes(drawn.size()), drawn.begin());
+    return fromRandomBytes(drawn);
+}
+
+UUID UUID::fromRandomBytes(const std::array<std::uint8_t, 16>& drawn) {
+    UUID uuid{drawn};
     uuid.bytes[6] = static_cast<std::uint8_t>((uuid.bytes[6] & 0x0F) | 0x40); // version 4
     uuid.bytes[8] = static_cast<std::uint8_t>((uuid.bytes[8] & 0x3F) | 0x80); // variant of RFC 4122
     return uuid;

@@ -16,6 +16,9 @@ struct UUID {
     /// A fresh random identifier of version 4, from the system's cryptographic random source. Any thread.
     static UUID random();
 
+    /// The identifier of version 4 that 16 random bytes make.
+    static UUID fromRandomBytes(const std::array<std::uint8_t, 16>& drawn);
+
     /// Reads the canonical form, 8-4-4-4-12 hexadecimal digits in either case. Absent for any other text.
     static std::optional<UUID> parse(std::string_view text);
 

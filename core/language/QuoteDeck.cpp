@@ -47,7 +47,7 @@ std::string_view QuoteDeck::next(QuoteCategory category, AppLanguage language, c
 }
 
 std::string_view QuoteDeck::next(QuoteCategory category, AppLanguage language) {
-    return next(category, language, &randomBelow);
+    return next(category, language, [](std::uint64_t bound) { return randomBelow(bound); });
 }
 
 } // namespace velmorin

@@ -24,9 +24,9 @@ PhonePairing::~PhonePairing() {
     wipe(key);
 }
 
-PhonePairing PhonePairing::generate() {
-    Bytes id = randomBytes(16);
-    return {std::move(id), randomBytes(32)};
+PhonePairing PhonePairing::generate(const ByteSource& source) {
+    Bytes id = source(16);
+    return {std::move(id), source(32)};
 }
 
 std::string PhonePairing::commandTopic() const {

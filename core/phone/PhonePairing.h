@@ -22,8 +22,8 @@ struct PhonePairing {
     PhonePairing& operator=(PhonePairing&& other) noexcept;
     ~PhonePairing();
 
-    /// A new pairing from the system's cryptographic random source.
-    static PhonePairing generate();
+    /// A new pairing, from the system's cryptographic random source unless another is given.
+    static PhonePairing generate(const ByteSource& source = randomBytes);
 
     /// Where the desktop writes and the phone reads.
     std::string commandTopic() const;

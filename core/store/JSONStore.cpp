@@ -1,21 +1,11 @@
 #include "core/store/JSONStore.h"
 
 #include "core/foundation/Text.h"
+#include "core/store/AtomicFile.h"
 
-#include <memory>
 #include <utility>
 
 namespace velmorin {
-
-namespace {
-
-/// Writes, flushes and closes a file; its bytes are on the disk when this answers true.
-bool writeWhole(OutputFile& file, std::string_view bytes) {
-    const bool isWritten = file.write(bytes) && file.sync();
-    return file.close() && isWritten;
-}
-
-} // namespace
 
 JSONStore::JSONStore(std::filesystem::path directory, Files& files)
     : m_directory{std::move(directory)}, m_files{files} {
@@ -47,17 +37,7 @@ std::optional<std::string> JSONStore::read(std::string_view fileName) const {
 }
 
 bool JSONStore::replace(std::string_view fileName, std::string_view bytes) const {
-    const auto target = m_directory / fileName;
-    // Always the same name, so that what a crash leaves behind is used up by the next save.
-    auto temporary = target;
-    temporary += ".tmp";
-    const auto file = m_files.create(temporary);
-    if (!file) return false;
-    if (!writeWhole(*file, bytes) || !m_files.rename(temporary, target)) {
-        m_files.remove(temporary);
-        return false;
-    }
-    return m_files.syncDirectory(m_directory);
+    return replaceFile(m_files, m_directory / fileName, bytes);
 }
 
 } // namespace velmorin

@@ -6,7 +6,7 @@ namespace velmorin::conformance {
 
 Calendar calendarOf(const Request& request) {
     auto calendar = Calendar::inTimeZone(request.get<std::string>("timeZone"));
-    if (!calendar) throw MalformedRequest{"the argument \"timeZone\" names no time zone"};
+    if (!calendar) throw MalformedInput{"the argument \"timeZone\" names no time zone"};
     return std::move(*calendar);
 }
 

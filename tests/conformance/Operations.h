@@ -11,11 +11,11 @@
 
 namespace velmorin::conformance {
 
-/// Answers one request by writing exactly one value. Throws MalformedRequest.
+/// Answers one request by writing exactly one value. Throws MalformedInput.
 using Operation = std::function<void(const Request&, JSONOutput&)>;
 using Operations = std::map<std::string, Operation, std::less<>>;
 
-/// The calendar in the zone of the argument "timeZone". Throws MalformedRequest when there is no such zone.
+/// The calendar in the zone of the argument "timeZone". Throws MalformedInput when there is no such zone.
 Calendar calendarOf(const Request& request);
 
 /// Writes a value, or null where it is absent.

@@ -29,7 +29,7 @@ AppPolicy::BundleIDs setOf(const Texts& texts) {
 
 /// A list of exactly `count` numbers.
 Numbers numbers(const Numbers& list, std::size_t count, const char* argument) {
-    if (list.size() != count) throw MalformedRequest{"the argument \"" + std::string{argument} + "\" is malformed"};
+    if (list.size() != count) throw MalformedInput{"the argument \"" + std::string{argument} + "\" is malformed"};
     return list;
 }
 

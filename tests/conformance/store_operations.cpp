@@ -63,7 +63,7 @@ const StoredType& typeNamed(const std::string& name) {
         {"PhonePairing", storedType<PhonePairing>()},
     };
     const auto found = types.find(name);
-    if (found == types.end()) throw MalformedRequest{"there is no stored type \"" + name + "\""};
+    if (found == types.end()) throw MalformedInput{"there is no stored type \"" + name + "\""};
     return found->second;
 }
 
@@ -73,7 +73,7 @@ using Step = std::vector<std::string>;
 void requireInside(const std::string& fileName) {
     const std::filesystem::path path{fileName};
     const bool goesUp = std::ranges::find(path, "..") != path.end();
-    if (path.is_absolute() || goesUp) throw MalformedRequest{"the file \"" + fileName + "\" is not in the directory"};
+    if (path.is_absolute() || goesUp) throw MalformedInput{"the file \"" + fileName + "\" is not in the directory"};
 }
 
 void runStep(const JSONStore& store, Files& files, const Step& step, JSONOutput& output) {
@@ -94,7 +94,7 @@ void runStep(const JSONStore& store, Files& files, const Step& step, JSONOutput&
     } else if (isCall("read", 1)) {
         writeOptional(output, files.read(store.directory() / step[1]));
     } else {
-        throw MalformedRequest{"a step is not one of save, load, append, remove and read with its arguments"};
+        throw MalformedInput{"a step is not one of save, load, append, remove and read with its arguments"};
     }
 }
 

@@ -15,12 +15,11 @@ namespace velmorin::conformance {
 namespace {
 
 const AppStrings& stringsOf(const Request& request) {
-    switch (request.get<AppLanguage>("language")) {
-    case AppLanguage::persian: return AppStrings::persian;
-    case AppLanguage::english: return AppStrings::english;
-    case AppLanguage::german: break;
-    }
-    return AppStrings::german;
+    return AppStrings::of(request.get<AppLanguage>("language"));
+}
+
+std::vector<std::string> launchArguments(const Request& request) {
+    return Watchdog::launchArguments(request.get<std::vector<std::string>>("extraArguments"));
 }
 
 /// Reads a list whose elements are of the given types, in their order.
@@ -41,7 +40,7 @@ std::tuple<Values...> readList(const Request& request, const char* argument) {
         });
         return isList && count == sizeof...(Values);
     });
-    if (!isRead) throw MalformedRequest{"the argument \"" + std::string{argument} + "\" does not fit the field"};
+    if (!isRead) throw MalformedInput{"the argument \"" + std::string{argument} + "\" does not fit the field"};
     return values;
 }
 
@@ -61,7 +60,7 @@ std::string callField(const Request& request) {
         if (field.name != name) continue;
         return std::visit([&](auto member) { return call(stringsOf(request), member, request); }, field.member);
     }
-    throw MalformedRequest{"the argument \"field\" names no function"};
+    throw MalformedInput{"the argument \"field\" names no function"};
 }
 
 void writeAll(JSONOutput& output, const AppStrings& strings) {
@@ -77,9 +76,9 @@ void writeAll(JSONOutput& output, const AppStrings& strings) {
 RandomDraw drawsOf(const Request& request) {
     return
         [draws = request.get<std::vector<std::int64_t>>("draws"), next = std::size_t{0}](std::uint64_t bound) mutable {
-            if (draws.empty()) throw MalformedRequest{"the argument \"draws\" is empty"};
+            if (draws.empty()) throw MalformedInput{"the argument \"draws\" is empty"};
             const auto draw = draws[next++ % draws.size()];
-            if (draw < 0) throw MalformedRequest{"the argument \"draws\" holds a negative number"};
+            if (draw < 0) throw MalformedInput{"the argument \"draws\" holds a negative number"};
             return static_cast<std::uint64_t>(draw) % bound;
         };
 }
@@ -122,12 +121,10 @@ void addStringsOperations(Operations& operations) {
         encode(output, appWarnings(request.get<Profile>("profile"), stringsOf(request)));
     };
     operations["Watchdog.shellLine"] = [](const Request& request, JSONOutput& output) {
-        output.write(Watchdog::shellLine(request.get<std::string>("bundlePath"),
-                                         request.get<std::vector<std::string>>("extraArguments")));
+        output.write(Watchdog::shellLine(request.get<std::string>("bundlePath"), launchArguments(request)));
     };
     operations["Watchdog.propertyList"] = [](const Request& request, JSONOutput& output) {
-        writeOptional(output, Watchdog::propertyList(request.get<std::string>("bundlePath"),
-                                                     request.get<std::vector<std::string>>("extraArguments")));
+        writeOptional(output, Watchdog::propertyList(request.get<std::string>("bundlePath"), launchArguments(request)));
     };
 }
 

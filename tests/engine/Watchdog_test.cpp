@@ -9,9 +9,9 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(WatchdogTest, theCheckOpensTheBundleWhereNoProcessLives) {
-    EXPECT_EQ(Watchdog::shellLine("/Applications/Velmorin.app", Arguments{}),
+    EXPECT_EQ(Watchdog::shellLine("/Applications/Velmorin.app", Watchdog::launchArguments(Arguments{})),
               "/usr/bin/pgrep -xq Velmorin || /usr/bin/open -g '/Applications/Velmorin.app' --args '--watchdog'");
-    EXPECT_EQ(Watchdog::shellLine("/a b", Arguments{"one", "two words", ""}),
+    EXPECT_EQ(Watchdog::shellLine("/a b", Watchdog::launchArguments(Arguments{"one", "two words", ""})),
               "/usr/bin/pgrep -xq Velmorin || /usr/bin/open -g '/a b' --args '--watchdog' 'one' 'two words' ''");
 }
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/engine/LaunchOptions.h"
+#include "app/engine/SessionController.h"
+#include "app/seams/Application.h"
+#include "app/seams/Cancellable.h"
+#include "app/seams/Lifetime.h"
+#include "app/seams/Workspace.h"
+
+namespace velmorin {
+
+/// What the program decides about its own start and end. Main thread.
+class Lifecycle {
+public:
+    /// What becomes of a process that has been started.
+    enum class Start {
+        quit,           ///< it ends: there is another one, or the watchdog had nothing left to guard
+        showMainWindow, ///< the user has started it
+        stayBehind,     ///< the watchdog has; a session runs, or the summary of one is up
+    };
+    enum class QuitAnswer {
+        quit,
+        stayAndShowMainWindow, ///< a session runs, and only the end of the whole system may end it so
+    };
+
+    /// All must outlive this.
+    Lifecycle(LaunchOptions options, SessionController& controller, const Workspace& workspace,
+              Application& application);
+
+    /// Whether another process of this program runs. A program without an identifier cannot tell and says no.
+    bool isAnotherInstanceRunning() const;
+    /// Takes up the session that the last process left, unless there is another instance: a second one reads nothing
+    /// and touches nothing. To be called once, when the controller's callbacks are connected.
+    Start start();
+    QuitAnswer answerToQuit() const;
+
+private:
+    LaunchOptions m_options;
+    SessionController& m_controller;
+    const Workspace& m_workspace;
+    Application& m_application;
+    bool m_isSystemShuttingDown = false; ///< never taken back
+    Lifetime m_lifetime;
+    Cancellable m_powerOff;
+};
+
+} // namespace velmorin

@@ -1,0 +1,60 @@
+// The session controller's answers to the overlay's buttons: going back to work, and the way out.
+
+#include "app/engine/SessionController.h"
+#include "core/foundation/Text.h"
+#include "core/rules/Friction.h"
+
+#include <utility>
+
+namespace velmorin {
+
+namespace {
+
+constexpr double suppressionAfterReturn = 2.0; // seconds
+
+} // namespace
+
+void SessionController::returnToWork() {
+    // The only place where returns are counted: warnings that the user walked away from.
+    if (shows<Overlay::Warning>(*m_overlay) && isActive()) {
+        ActiveSession session = **m_session;
+        const std::int64_t returns = ++session.returns;
+        assignAndSave(std::move(session));
+        m_data.log("returned " + std::to_string(returns));
+    }
+    m_suppressAttemptsUntil = m_seams.clock.now() + suppressionAfterReturn;
+    setOverlay(Overlay::None{});
+    if (isActive()) focusAllowedApp();
+}
+
+void SessionController::beginEmergencyExit() {
+    if (!isActive()) return;
+    const Date now = m_seams.clock.now();
+    if ((*m_session)->isAllWorkDone(now)) {
+        finish(SessionOutcome::completed, std::nullopt, Summary::shown);
+        return;
+    }
+    m_data.log("emergency exit opened");
+    setOverlay(Overlay::EmergencyExit{now + exitWaitOverride.value_or((*m_session)->exitWaitSeconds())});
+}
+
+void SessionController::cancelEmergencyExit() {
+    m_data.log("emergency exit cancelled");
+    // The plan may have moved on under the exit.
+    if (*m_status && (*m_status)->kind == SegmentKind::lockedBreak) {
+        setOverlay(Overlay::LockedBreak{});
+    } else {
+        returnToWork();
+    }
+}
+
+void SessionController::confirmEmergencyExit(std::string_view reason) {
+    const auto* exit = std::get_if<Overlay::EmergencyExit>(&*m_overlay);
+    if (exit && Friction::canConfirmExit(reason, exit->waitUntil, m_seams.clock.now())) {
+        finish(SessionOutcome::aborted, std::string{trimmed(reason)}, Summary::skipped);
+    } else {
+        m_data.log("exit refused");
+    }
+}
+
+} // namespace velmorin

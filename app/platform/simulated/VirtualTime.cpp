@@ -1,0 +1,96 @@
+#include "app/platform/simulated/VirtualTime.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace velmorin {
+
+namespace {
+
+/// More calls at one moment than any scene needs: they call forth each other.
+constexpr int tooManyCalls = 100'000;
+
+} // namespace
+
+Cancellable VirtualTime::after(double seconds, std::function<void()> call) {
+    if (!(seconds > 0)) return post(std::move(call));
+    return schedule(m_elapsed + seconds, {std::move(call), std::nullopt, ++m_state->count});
+}
+
+Cancellable VirtualTime::every(double seconds, std::function<void()> call) {
+    return schedule(m_elapsed + seconds, {std::move(call), seconds, ++m_state->count});
+}
+
+Cancellable VirtualTime::schedule(double deadline, Timer timer) {
+    const std::uint64_t number = timer.number;
+    place(deadline, std::move(timer));
+    return Cancellable{[state = std::weak_ptr{m_state}, number] {
+        const auto held = state.lock();
+        const auto found = held ? held->places.extract(number) : decltype(held->places)::node_type{};
+        if (!found.empty()) held->timers.erase(found.mapped());
+    }};
+}
+
+void VirtualTime::place(double deadline, Timer timer) {
+    const Place place{deadline, ++m_state->count};
+    m_state->places[timer.number] = place;
+    m_state->timers.emplace(place, std::move(timer));
+}
+
+Cancellable VirtualTime::post(std::function<void()> call) {
+    const std::uint64_t number = ++m_state->count;
+    m_state->posted.emplace_back(number, std::move(call));
+    return Cancellable{[state = std::weak_ptr{m_state}, number] {
+        if (const auto held = state.lock())
+            std::erase_if(held->posted, [number](const auto& entry) { return entry.first == number; });
+    }};
+}
+
+std::optional<double> VirtualTime::nextDeadline() const {
+    return m_state->timers.empty() ? std::nullopt : std::optional{m_state->timers.begin()->first.first};
+}
+
+void VirtualTime::settle() {
+    for (int calls = 0; !m_state->posted.empty(); ++calls) {
+        if (calls == tooManyCalls) throw std::runtime_error{"the desktop does not come to rest"};
+        const auto call = std::move(m_state->posted.front().second);
+        m_state->posted.pop_front();
+        call();
+    }
+}
+
+void VirtualTime::advance(double seconds) {
+    fireUntil(m_elapsed + seconds);
+}
+
+void VirtualTime::sleep(double seconds) {
+    settle();
+    m_elapsed += seconds;
+    fireUntil(m_elapsed);
+}
+
+void VirtualTime::fireUntil(double deadline) {
+    settle();
+    while (!m_state->timers.empty() && m_state->timers.begin()->first.first <= deadline)
+        fireNext();
+    m_elapsed = deadline;
+}
+
+void VirtualTime::fireNext() {
+    auto node = m_state->timers.extract(m_state->timers.begin());
+    const double deadline = node.key().first;
+    Timer timer = std::move(node.mapped());
+    // Later than the deadline only after a sleep.
+    m_elapsed = std::max(m_elapsed, deadline);
+    const auto call = timer.call;
+    if (timer.period) {
+        const double next = m_elapsed + *timer.period;
+        place(next, std::move(timer));
+    } else {
+        m_state->places.erase(timer.number);
+    }
+    call();
+    settle();
+}
+
+} // namespace velmorin
