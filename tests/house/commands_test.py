@@ -232,7 +232,7 @@ class TestCommandTest(CommandTest):
                 "configure core-only",
                 "build core-only all",
                 "configure release",
-                "build release velmorin-conformance",
+                "build release velmorin-simulate velmorin-conformance",
                 "configure dev",
                 "build dev all all_verify_interface_header_sets",
                 "test dev",
@@ -371,22 +371,26 @@ class TestCommandTest(CommandTest):
 
 class RunCommandTest(CommandTest):
     def test_without_arguments_it_starts_the_demonstration(self):
-        self.program("velmorin-conformance", 'printf "<%s>" "$@"')
-        self.assertTrue(self.call("run").stdout.endswith("<--demo>"))
+        self.program("velmorin-simulate", 'printf "<%s>" "$@"')
+        self.assertTrue(self.call("run").stdout.endswith("/docs/scenarios/pomodoro.jsonl>"))
 
     def test_it_builds_and_starts_the_program_where_it_was_called(self):
-        self.program("velmorin-conformance", 'pwd; printf "<%s>" "$@"')
+        self.program("velmorin-simulate", 'pwd; printf "<%s>" "$@"')
         done = self.call("run", "one", "two words")
         self.assertEqual(0, done.returncode, done.stderr)
         self.assertTrue(done.stdout.endswith(f"{self.folder}\n<one><two words>"), done.stdout)
         self.assertEqual("cmake --preset release", self.calls("cmake")[0])
 
+    def test_two_dashes_hand_even_help_to_the_program(self):
+        self.program("velmorin-simulate", 'printf "<%s>" "$@"')
+        self.assertTrue(self.call("run", "--", "--help").stdout.endswith("<--help>"))
+
     def test_the_status_is_that_of_the_program(self):
-        self.program("velmorin-conformance", "exit 7")
+        self.program("velmorin-simulate", "exit 7")
         self.assertEqual(7, self.call("run").returncode)
 
     def test_a_failing_build_starts_nothing(self):
-        self.program("velmorin-conformance", "echo started")
+        self.program("velmorin-simulate", "echo started")
         self.fake("cmake", 'if [[ $* == *--build* ]]; then echo "error: no"; exit 1; fi')
         done = self.call("run")
         self.assertEqual(1, done.returncode)
@@ -394,7 +398,7 @@ class RunCommandTest(CommandTest):
         self.assertNotIn("started", done.stdout)
 
     def test_what_only_tests_need_is_not_installed(self):
-        self.program("velmorin-conformance", "")
+        self.program("velmorin-simulate", "")
         self.missing("clang", "clang-format")
         self.call("run")
         self.assertEqual([], self.calls("apt-get"))
