@@ -97,15 +97,18 @@ void SessionController::stopRunning() {
 
 void SessionController::tick() {
     if (!isActive()) return;
-    m_status.set((*m_session)->status(m_seams.clock.now()));
-    const ScheduleStatus status = **m_status;
+    // Whoever is told of a change may end the session, and even start another one.
+    const auto isOver = [this, id = (*m_session)->id] { return !isActive() || (*m_session)->id != id; };
+    const ScheduleStatus status = (*m_session)->status(m_seams.clock.now());
+    m_status.set(status);
+    if (isOver()) return;
     if (status.isFinished) {
         finish(SessionOutcome::completed, std::nullopt, Summary::shown);
         return;
     }
     if (m_lastSegmentIndex != status.segmentIndex) {
-        segmentChanged(m_lastSegmentIndex, status.segmentIndex);
-        m_lastSegmentIndex = status.segmentIndex;
+        segmentChanged(std::exchange(m_lastSegmentIndex, status.segmentIndex), status.segmentIndex);
+        if (isOver()) return;
     }
     if (status.isLocked()) {
         enforceApps();
@@ -171,13 +174,14 @@ void SessionController::finish(SessionOutcome outcome, std::optional<std::string
 
 // `m_suppressAttemptsUntil`, `m_lastAllowedBundleID` and `m_tickCount` live on.
 void SessionController::forgetSession() {
-    m_session.set(std::nullopt);
-    m_status.set(std::nullopt);
     m_lastSegmentIndex.reset();
     m_deniedBrowsers.clear();
     m_browsersInFlight.clear();
     m_browsersConfirmed.clear();
     m_terminateRetries.clear();
+    // Last, since a watcher may start the next session at once.
+    m_session.set(std::nullopt);
+    if (!isActive()) m_status.set(std::nullopt);
 }
 
 void SessionController::unhideAll(const std::vector<std::string>& hidden) {
@@ -209,7 +213,10 @@ void SessionController::callLater(double seconds, std::function<void()> call) {
 
 void SessionController::setOverlay(OverlayState state) {
     m_overlay.set(std::move(state));
-    if (onOverlayChange) onOverlayChange(*m_overlay);
+    if (!onOverlayChange) return;
+    // A copy, since the callback may replace the overlay while it still reads what it was told.
+    const OverlayState told = *m_overlay;
+    onOverlayChange(told);
 }
 
 bool SessionController::isSelf(const RunningApplication& application) const {

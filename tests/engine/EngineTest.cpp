@@ -22,8 +22,11 @@ EngineTest::EngineTest() {
 
 Scene& EngineTest::scene() {
     if (!m_scene) {
-        m_scene = std::make_unique<Scene>(startOfScene, files, setup);
-        m_scene->desktop().journal.onEvent = [this](const SimulatedEvent& event) { m_events.push_back(event); };
+        m_scene = std::make_unique<Scene>(startOfScene, *disk, setup);
+        m_scene->desktop().journal.onEvent = [this](const SimulatedEvent& event) {
+            m_events.push_back(event);
+            if (onEvent) onEvent(event);
+        };
     }
     return *m_scene;
 }
@@ -72,6 +75,13 @@ Profile EngineTest::profile(SessionMode mode, std::vector<std::string> alsoAllow
         made.allowedApps.push_back({std::move(bundleID), "Other"});
     made.allowedDomains = std::move(domains);
     return made;
+}
+
+ActiveSession EngineTest::leaveSession(std::vector<Segment> plan, double elapsed) {
+    ActiveSession left{"Work",          SessionMode::pomodoro,  "write", now() - elapsed,
+                       std::move(plan), {bundleIDOf("editor")}, {}};
+    writeFile(SessionController::sessionFile, *encodeJSON(left));
+    return left;
 }
 
 void EngineTest::startSession(const Profile& profile) {

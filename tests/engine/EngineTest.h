@@ -3,6 +3,7 @@
 #include "app/simulate/Scene.h"
 #include "tests/support/MemoryFiles.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -60,6 +61,9 @@ protected:
     /// A profile of the default timings that allows the editor, and what else is named.
     static Profile profile(SessionMode mode, std::vector<std::string> alsoAllowed = {},
                            std::vector<std::string> domains = {});
+    /// Writes the session file as a process leaves it that died so many seconds into a session with this plan, which
+    /// allows the editor.
+    ActiveSession leaveSession(std::vector<Segment> plan, double elapsed);
     /// Launches where nothing runs yet, starts a session of `profile` and lets the time pass in which nothing counts.
     void startSession(const Profile& profile);
     /// Pushes against the lock with the game, so that a warning is up.
@@ -75,6 +79,7 @@ protected:
     /// How often a file was saved.
     std::size_t saves(std::string_view file) const;
     void forgetEvents() { m_events.clear(); }
+    std::function<void(const SimulatedEvent&)> onEvent; ///< called at each event, to look around there
     /// What a file holds; absent when there is none.
     std::optional<std::string> file(std::string_view name) const;
     void writeFile(std::string_view name, std::string text);
@@ -86,6 +91,7 @@ protected:
 
     ProgramSetup setup;
     MemoryFiles files;
+    Files* disk = &files; ///< what the machine keeps its files in
 
 private:
     std::unique_ptr<Scene> m_scene;
