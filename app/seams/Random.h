@@ -12,7 +12,7 @@ class Random {
 public:
     virtual ~Random() = default;
 
-    /// Bytes that nobody can foresee.
+    /// Exactly so many bytes that nobody can foresee.
     virtual Bytes bytes(std::size_t count) = 0;
 };
 

@@ -19,11 +19,13 @@ public:
 
     virtual ~RelayTransport() = default;
 
-    /// Posts a body as it is and gives the answer exactly once, at the latest after `timeout` seconds.
+    /// Posts a body byte for byte and gives the answer exactly once, at the latest after `timeout` seconds, which then
+    /// is none.
     [[nodiscard]] virtual Cancellable post(const std::string& url, const std::string& body, double timeout,
                                            Answer answer) = 0;
-    /// Opens a stream and gives each line of its body, without the line end, as it arrives. `end` comes once, when the
-    /// stream has ended or could not be opened, whatever the status.
+    /// Opens a stream and gives each line of its body, without the line end, as it arrives, empty ones too. `end` comes
+    /// once and last, when the stream has ended or could not be opened, whatever the status. Either call may cancel the
+    /// stream or open another.
     [[nodiscard]] virtual Cancellable stream(const std::string& url, Line line, End end) = 0;
 };
 

@@ -27,7 +27,7 @@ public:
     virtual ActivationPolicy activationPolicy() const = 0;
     virtual bool isHidden() const = 0;
 
-    /// Takes all its windows off the screen without closing any.
+    /// Takes all its windows off the screen without closing any. What was in front gives the front to another.
     virtual void hide() = 0;
     /// Shows them again, behind what is in front.
     virtual void unhide() = 0;

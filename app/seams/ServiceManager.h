@@ -11,8 +11,9 @@ class ServiceManager {
 public:
     virtual ~ServiceManager() = default;
 
-    /// Sets the job up with the arguments for the program, in the place of one that may be there. May block for as long
-    /// as the system's own tools run. A failure leaves the session unguarded and is not told.
+    /// Sets the job up with the arguments for the program, each of which arrives there as one word, whatever it holds.
+    /// It takes the place of a job that may be there. May block for as long as the system's own tools run. A failure
+    /// leaves the session unguarded and is not told.
     virtual void install(const std::vector<std::string>& launchArguments) = 0;
     /// Takes the job away, if it is there.
     virtual void remove() = 0;

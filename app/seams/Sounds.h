@@ -9,7 +9,8 @@ class Sounds {
 public:
     virtual ~Sounds() = default;
 
-    /// Plays a sound at a volume from 0 to 1. One that is not there plays nothing and is no error.
+    /// Plays a sound at a volume from 0 to 1, beside one that may still be heard. One that is not there plays nothing
+    /// and is no error.
     virtual void play(std::string_view name, double volume) = 0;
 };
 

@@ -128,9 +128,11 @@ void Scenario::writeFiles(const JSONArguments& setup) {
         }
     }
     if (!setup.hasValue("settings") && !setup.hasValue("language")) return;
-    AppSettings settings = readSettings({}, setup.hasValue("settings") ? setup.raw("settings") : "{}");
+    const JSONStore store{m_options.directory, m_files};
+    AppSettings settings = store.load<AppSettings>(AppData::settingsFile).value_or(AppSettings{});
+    if (setup.hasValue("settings")) settings = readSettings(settings, setup.raw("settings"));
     settings.language = setup.find<AppLanguage>("language").value_or(settings.language);
-    JSONStore{m_options.directory, m_files}.save(settings, AppData::settingsFile);
+    store.save(settings, AppData::settingsFile);
 }
 
 void Scenario::step(const JSONArguments& step) {
@@ -138,13 +140,17 @@ void Scenario::step(const JSONArguments& step) {
     const auto kind = kinds().find(name);
     if (kind == kinds().end()) throw MalformedInput{"there is no step \"" + name + "\""};
     if (kind->second.needs == Kind::Needs::program && !m_scene->program()) {
-        desktop().journal.tell("ignored", [&name](JSONOutput& output) {
-            output.key("do");
-            output.write(name);
-        });
-        return;
+        tellIgnored(name);
+    } else {
+        (this->*kind->second.play)(step);
     }
-    (this->*kind->second.play)(step);
+}
+
+void Scenario::tellIgnored(const std::string& step) {
+    desktop().journal.tell("ignored", [&step](JSONOutput& output) {
+        output.key("do");
+        output.write(step);
+    });
 }
 
 SimulatedProgram& Scenario::program() {
@@ -155,13 +161,12 @@ void Scenario::passTime(double seconds) {
     VirtualTime& time = desktop().time;
     const double end = time.elapsed() + seconds;
     while (m_options.pace && time.nextDeadline() && *time.nextDeadline() <= end) {
-        const double next = std::max(0.0, *time.nextDeadline() - time.elapsed());
-        m_options.pace(next);
-        time.advance(next);
+        const double next = std::max(time.elapsed(), *time.nextDeadline());
+        m_options.pace(next - time.elapsed());
+        time.advanceUntil(next);
     }
-    const double rest = end - time.elapsed();
-    if (m_options.pace) m_options.pace(rest);
-    time.advance(rest);
+    if (m_options.pace) m_options.pace(end - time.elapsed());
+    time.advanceUntil(end);
 }
 
 void Scenario::start(const JSONArguments& step) {
@@ -202,10 +207,11 @@ void Scenario::quit(const JSONArguments& step) {
 }
 
 void Scenario::front(const JSONArguments& step) {
-    if (step.hasValue("pid")) {
-        desktop().workspace.activate(readPID(step, "pid"));
-    } else {
+    // Null is nobody; a step that names nobody at all was meant otherwise.
+    if (step.raw("pid") == "null") {
         desktop().workspace.leaveFront();
+    } else {
+        desktop().workspace.activate(readPID(step, "pid"));
     }
 }
 
@@ -286,7 +292,7 @@ void Scenario::relay(const JSONArguments& step) {
 }
 
 void Scenario::phone(const JSONArguments& step) {
-    if (!m_scene->sendFromPhone(step.raw("status"))) desktop().journal.tell("ignored");
+    if (!m_scene->sendFromPhone(step.raw("status"))) tellIgnored("phone");
 }
 
 void Scenario::show(const JSONArguments&) {

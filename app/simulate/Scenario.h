@@ -45,6 +45,7 @@ private:
     void setUp(const JSONArguments& setup);
     void writeFiles(const JSONArguments& setup);
     void step(const JSONArguments& step);
+    void tellIgnored(const std::string& step);
     SimulatedProgram& program();
     SessionController& controller() { return program().controller(); }
     SimulatedDesktop& desktop() { return m_scene->desktop(); }

@@ -75,7 +75,7 @@ void SimulatedRelay::publish(const std::string& topic, const std::string& text) 
     if (!m_isUp) return;
     const std::string id = "message" + std::to_string(++m_messageCount);
     const std::string line = messageLine(id, topic, text);
-    m_messages[topic].push_back({id, line});
+    m_messages[topic].push_back({id, text, line});
     sendLine(topic, line);
 }
 
@@ -83,6 +83,13 @@ void SimulatedRelay::sendLine(const std::string& topic, const std::string& line)
     for (const auto& [number, stream] : m_streams) {
         if (stream.topic == topic) deliver(number, line);
     }
+}
+
+std::vector<std::string> SimulatedRelay::messages(const std::string& topic) const {
+    std::vector<std::string> texts;
+    if (const auto found = m_messages.find(topic); found != m_messages.end())
+        std::ranges::transform(found->second, std::back_inserter(texts), &Message::text);
+    return texts;
 }
 
 void SimulatedRelay::deliver(std::uint64_t stream, std::string line) {

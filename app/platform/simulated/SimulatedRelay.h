@@ -37,11 +37,14 @@ public:
     /// Sends any line to those who listen to a topic.
     void sendLine(const std::string& topic, const std::string& line);
     std::size_t streamCount() const { return m_streams.size(); }
+    /// The messages of a topic as they were sent, the oldest first.
+    std::vector<std::string> messages(const std::string& topic) const;
 
 private:
     struct Message {
         std::string id;
-        std::string line;
+        std::string text;
+        std::string line; ///< of the stream
     };
     struct Stream {
         std::string topic;

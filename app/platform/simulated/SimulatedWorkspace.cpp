@@ -23,11 +23,11 @@ public:
     }
     void unhide() override {
         tell("unhide");
-        info.isHidden = false;
+        if (isAlive) info.isHidden = false;
     }
     void terminate() override {
         tell("terminate");
-        m_workspace.askToQuit(*this);
+        m_workspace.askToQuit(shared_from_this());
     }
     void activate() override {
         tell("activate");
@@ -122,11 +122,7 @@ void SimulatedWorkspace::unhide(std::int32_t pid) {
 }
 
 void SimulatedWorkspace::quit(std::int32_t pid) {
-    const auto process = find(pid);
-    if (!process) return;
-    process->isAlive = false;
-    std::erase(m_processes, process);
-    loseFront(*process);
+    if (const auto process = find(pid)) end(process);
 }
 
 std::vector<SimulatedApplicationInfo> SimulatedWorkspace::list() const {
@@ -192,9 +188,16 @@ void SimulatedWorkspace::hide(Process& process) {
     loseFront(process);
 }
 
-void SimulatedWorkspace::askToQuit(const Process& process) {
-    if (process.info.quits == QuitManners::never) return;
-    m_time.after(quitDelay, [this, pid = process.info.pid] { quit(pid); }).detach();
+void SimulatedWorkspace::askToQuit(const std::shared_ptr<Process>& process) {
+    if (!process->isAlive || process->info.quits == QuitManners::never) return;
+    m_time.after(quitDelay, [this, process] { end(process); }).detach();
+}
+
+void SimulatedWorkspace::end(const std::shared_ptr<Process>& process) {
+    if (!process->isAlive) return;
+    process->isAlive = false;
+    std::erase(m_processes, process);
+    loseFront(*process);
 }
 
 } // namespace velmorin

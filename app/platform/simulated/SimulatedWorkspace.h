@@ -90,7 +90,8 @@ private:
     void bringToFront(const std::shared_ptr<Process>& process);
     void loseFront(const Process& process);
     void hide(Process& process);
-    void askToQuit(const Process& process);
+    void askToQuit(const std::shared_ptr<Process>& process);
+    void end(const std::shared_ptr<Process>& process);
 
     VirtualTime& m_time;
     const Journal& m_journal;

@@ -59,21 +59,17 @@ void VirtualTime::settle() {
     }
 }
 
-void VirtualTime::advance(double seconds) {
-    fireUntil(m_elapsed + seconds);
-}
-
 void VirtualTime::sleep(double seconds) {
     settle();
     m_elapsed += seconds;
-    fireUntil(m_elapsed);
+    advanceUntil(m_elapsed);
 }
 
-void VirtualTime::fireUntil(double deadline) {
+void VirtualTime::advanceUntil(double moment) {
     settle();
-    while (!m_state->timers.empty() && m_state->timers.begin()->first.first <= deadline)
+    while (!m_state->timers.empty() && m_state->timers.begin()->first.first <= moment)
         fireNext();
-    m_elapsed = deadline;
+    m_elapsed = moment;
 }
 
 void VirtualTime::fireNext() {

@@ -36,7 +36,9 @@ public:
     /// Makes the calls that are posted, until none is left. Throws std::runtime_error when they find no end.
     void settle();
     /// Lets time pass, firing every timer on its way.
-    void advance(double seconds);
+    void advance(double seconds) { advanceUntil(m_elapsed + seconds); }
+    /// The same up to a moment in seconds since the start, which has not passed yet.
+    void advanceUntil(double moment);
     /// Lets time pass with the machine asleep: nothing fires until it wakes; then what is overdue does, a repeating
     /// timer once.
     void sleep(double seconds);
@@ -60,7 +62,6 @@ private:
 
     Cancellable schedule(double deadline, Timer timer);
     void place(double deadline, Timer timer);
-    void fireUntil(double deadline);
     void fireNext();
 
     Date m_start;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/seams/ServiceManager.h"
+#include "tests/contracts/Bench.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmorin {
+
+class ServiceManagerBench : public Bench {
+public:
+    virtual ServiceManager& serviceManager() = 0;
+    /// The arguments with which the job would start the program, as whoever keeps the jobs has them; absent without a
+    /// job.
+    virtual std::optional<std::vector<std::string>> job() = 0;
+};
+
+/// What the keeper of the watchdog's job promises.
+class ServiceManagerContract : public Contract<ServiceManagerBench> {};
+
+} // namespace velmorin
