@@ -97,8 +97,9 @@ void PhoneLink::listen() {
     const auto line = [this](std::string text) {
         const auto message = RelayLine::parse(std::move(text));
         if (!message) return;
-        receive(message->text, message->id);
+        // First, because what the message brings about may begin another pairing, which listens from elsewhere.
         m_since = message->id;
+        receive(message->text, message->id);
     };
     const auto end = [this] { m_listener = m_seams.timers.after(reconnectDelay, [this] { listen(); }); };
     m_listener = m_seams.transport.stream(url, line, end);

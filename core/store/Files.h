@@ -34,7 +34,8 @@ public:
     virtual std::optional<std::string> read(const std::filesystem::path& path) = 0;
     /// The size of a file in bytes; absent when there is none.
     virtual std::optional<std::uint64_t> size(const std::filesystem::path& path) = 0;
-    /// A new file readable and writable by its owner only, or an existing one emptied. Null on failure.
+    /// A new file, or an existing one emptied; in both cases readable and writable by its owner only, where the file
+    /// system can do that. Null on failure.
     virtual std::unique_ptr<OutputFile> create(const std::filesystem::path& path) = 0;
     /// An existing file, to be written at its end. Null when it does not exist or cannot be opened.
     virtual std::unique_ptr<OutputFile> append(const std::filesystem::path& path) = 0;

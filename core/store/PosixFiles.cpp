@@ -82,10 +82,8 @@ private:
     Descriptor m_descriptor;
 };
 
-std::unique_ptr<OutputFile> openOutput(const std::filesystem::path& path, int flags) {
-    Descriptor descriptor = openRegular(path, flags | O_WRONLY);
-    if (!descriptor.isOpen()) return nullptr;
-    return std::make_unique<PosixOutputFile>(std::move(descriptor));
+std::unique_ptr<OutputFile> outputFile(Descriptor descriptor) {
+    return descriptor.isOpen() ? std::make_unique<PosixOutputFile>(std::move(descriptor)) : nullptr;
 }
 
 bool readToEnd(const Descriptor& file, std::string& content) {
@@ -131,11 +129,14 @@ std::optional<std::uint64_t> PosixFiles::size(const std::filesystem::path& path)
 }
 
 std::unique_ptr<OutputFile> PosixFiles::create(const std::filesystem::path& path) {
-    return openOutput(path, O_CREAT | O_TRUNC);
+    Descriptor descriptor = openRegular(path, O_WRONLY | O_CREAT | O_TRUNC);
+    // One that was there already may have been open to others. Not every file system can tell them apart.
+    if (descriptor.isOpen()) (void)::fchmod(descriptor.number(), ownerReadWrite);
+    return outputFile(std::move(descriptor));
 }
 
 std::unique_ptr<OutputFile> PosixFiles::append(const std::filesystem::path& path) {
-    return openOutput(path, O_APPEND);
+    return outputFile(openRegular(path, O_WRONLY | O_APPEND));
 }
 
 bool PosixFiles::rename(const std::filesystem::path& from, const std::filesystem::path& to) {

@@ -112,6 +112,16 @@ TEST_F(PosixFilesTest, aNewFileIsForItsOwnerOnly) {
     EXPECT_EQ(attributes.st_mode & 0777U, 0600U);
 }
 
+TEST_F(PosixFilesTest, anExistingFileIsForItsOwnerOnlyOnceItIsCreatedAnew) {
+    const auto path = directory.path() / "file";
+    ASSERT_NE(files.create(path), nullptr);
+    ASSERT_EQ(::chmod(path.c_str(), 0644), 0);
+    ASSERT_NE(files.create(path), nullptr);
+    struct stat attributes {};
+    ASSERT_EQ(::stat(path.c_str(), &attributes), 0);
+    EXPECT_EQ(attributes.st_mode & 0777U, 0600U);
+}
+
 TEST_F(PosixFilesTest, aPipeOrADirectoryIsNoFileAndKeepsNobodyWaiting) {
     ASSERT_EQ(::mkfifo((directory.path() / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(files.read(directory.path() / "pipe"));
