@@ -29,6 +29,16 @@ protected:
         forget();
         return work;
     }
+    /// Brings a paired link into a state of the lock, by a session of its own.
+    void reach(LockState state) {
+        if (state == LockState::idle) return;
+        const auto work = start();
+        if (state == LockState::noAnswer) advance(25);
+        if (state == LockState::locked) sayOf("locked", work.id);
+        if (state == LockState::releasedByPhone) sayOf("released", work.id);
+        if (state == LockState::needsSetup) sayOf("notReady", work.id);
+        ASSERT_EQ(lockState(), state);
+    }
     std::string savedMessageID() const {
         const std::string text = file().value_or("");
         const std::string key = R"("lastMessageID":")";
@@ -169,6 +179,23 @@ TEST_F(PhoneLinkListeningTest, lockedReleasedAndNotReadyOfTheSessionAreItsLockSt
     check("locked", LockState::locked, "phone locked");
     link().sendEnd(work);
     EXPECT_EQ(lockState(), LockState::idle);
+}
+
+TEST_F(PhoneLinkListeningTest, aStartAnEndAndADisconnectionCountInEveryState) {
+    for (const auto state : {LockState::idle, LockState::sending, LockState::locked, LockState::noAnswer,
+                             LockState::releasedByPhone, LockState::needsSetup}) {
+        pair();
+        reach(state);
+        const auto next = start();
+        EXPECT_EQ(lockState(), LockState::sending) << rawValue(state);
+        reach(state);
+        link().sendEnd(next);
+        EXPECT_EQ(lockState(), LockState::idle) << rawValue(state);
+        reach(state);
+        link().disconnect();
+        EXPECT_EQ(lockState(), LockState::idle) << rawValue(state);
+        EXPECT_EQ(pairingState(), PairingState::notPaired);
+    }
 }
 
 TEST_F(PhoneLinkListeningTest, anAnswerEndsTheWaitForOne) {

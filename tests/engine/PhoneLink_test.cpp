@@ -13,6 +13,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 class PhonePairingStateTest : public PhoneLinkTest {
 protected:
@@ -106,6 +107,18 @@ TEST_F(PhonePairingStateTest, aNewPairingOverwritesTheOldOne) {
     EXPECT_EQ(file(), R"({"pairing":)" + *encodeJSON(*link().pairing()) + R"(,"isConfirmed":false})");
     EXPECT_EQ(relay.openCount(), 1U);
     EXPECT_NE(relay.streams.back(), oldStream);
+}
+
+TEST_F(PhonePairingStateTest, aPairingMayBeBegunAnewWhileThePhoneIsWaitedFor) {
+    link().beginPairing();
+    const auto first = link().pairingURI();
+    link().beginPairing();
+    settle();
+    EXPECT_NE(link().pairingURI(), first);
+    EXPECT_EQ(pairingState(), PairingState::waitingForPhone);
+    EXPECT_THAT(relay.streams, SizeIs(1)) << "the first one was never opened";
+    say(hello);
+    EXPECT_EQ(pairingState(), PairingState::paired);
 }
 
 TEST_F(PhonePairingStateTest, aHelloPairs) {
