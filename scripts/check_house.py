@@ -51,7 +51,7 @@ SUFFIXES = {".h", ".cpp", ".mm"}
 # and how fast they run.
 TIMELESS = [
     "core", "app/seams", "app/strings", "app/phone", "app/engine",
-    "tests/core", "tests/seams", "tests/phone", "tests/engine", "tests/simulated",
+    "tests/core", "tests/seams", "tests/phone", "tests/engine", "tests/walk", "tests/simulated",
 ]
 
 # What knows the time, waits for it, or has a timer of its own. Names of our own making that only contain such a

@@ -49,8 +49,18 @@ void Invariants::beforeStep(const WalkStep& step) {
         m_left = text ? decodeJSON<ActiveSession>(*text) : std::nullopt;
     }
     if (m_wasAlive && isStep("powerOff")) m_isShuttingDown = true;
+    if (isStep("sleep")) delayAnswers();
     if (m_wasAlive && isStep("browser") && step.number)
         m_delays[step.details.substr(8, step.details.find('"', 8) - 8)] = step.number->value;
+}
+
+// What is due while the machine sleeps comes when it wakes.
+void Invariants::delayAnswers() {
+    const double asleep = m_scenario.scene()->desktop().time.elapsed();
+    const double awake = asleep + m_step.number->value;
+    for (auto& script : m_scripts) {
+        if (script.endsAt > asleep && script.endsAt < awake) script.endsAt = awake;
+    }
 }
 
 void Invariants::onEvent(const SimulatedEvent& event) {

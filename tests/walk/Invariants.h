@@ -105,6 +105,7 @@ private:
     void checkHold();
     void checkShownAgain();
     void noteWhoRuns();
+    void delayAnswers();
     void ranScript(const SimulatedEvent& event);
     void listedTabs(const std::string& kind, double timeout, double time);
 
