@@ -38,6 +38,7 @@ PLACES = {
     "app/simulate": [*BELOW_ENGINE, "app/engine", "app/platform/simulated"],
     # The platform folders see the seams they serve, never the engine and never each other.
     "app/platform/simulated": ["core", "app/seams", "app/strings"],
+    "app/platform/posix": ["core", "app/seams", "app/strings"],
     "app/platform/qt": ["core", "app/seams", "app/strings"],
     "app/platform/linux": ["core", "app/seams", "app/strings"],
     "app/platform/macos": ["core", "app/seams", "app/strings"],
@@ -83,7 +84,8 @@ SYSTEM_MACROS = (
 
 # What must build where there is no toolkit.
 TOOLKIT_FREE = [
-    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/simulated", "app/simulate",
+    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/posix", "app/platform/simulated",
+    "app/simulate",
 ]
 TOOLKIT_HEADER = r"(?:Qt?[A-Z]\w*(?:/.+)?|q[a-z0-9_]+\.h)"
 

@@ -58,10 +58,7 @@ void AppData::setProfiles(std::vector<Profile> profiles) {
 }
 
 void AppData::setThoughts(std::vector<Thought> thoughts) {
-    if (!m_isApplyingPhoneThought) {
-        const auto before = *m_thoughts;
-        sendThoughtChanges(before, thoughts);
-    }
+    if (!m_isApplyingPhoneThought) sendThoughtChanges(*m_thoughts, thoughts);
     m_thoughts.set(std::move(thoughts));
     m_store.save(*m_thoughts, thoughtsFile);
 }

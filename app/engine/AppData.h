@@ -52,8 +52,9 @@ public:
     /// The history that was cleared last, which can be restored.
     const Observable<std::vector<SessionRecord>>& clearedHistory() const { return m_clearedHistory; }
     const Observable<AppSettings>& settings() const { return m_settings; }
+    /// Which sentences are still to come.
     const QuoteDeck& quoteDeck() const { return m_quoteDeck; }
-    /// Made on first use.
+    /// Made on first use; lives as long as this.
     PhoneLink& phoneLink();
 
     void setProfiles(std::vector<Profile> profiles);
@@ -67,11 +68,12 @@ public:
     std::vector<Thought> openThoughts() const;
     /// Puts a new thought in front. One of white space only is none.
     void addThought(std::string_view text);
-    /// The next sentence of a moment, in the present language.
+    /// The next sentence of a moment, in the present language; a constant of the program.
     std::string_view nextQuote(QuoteCategory category);
     /// Empties the history, so that it can be restored once. An empty one stays as it is.
     void clearHistory();
-    /// Brings back what was cleared last beside what came since, sorted by start, newest first.
+    /// Brings back what was cleared last beside what came since, sorted by start, newest first. Writes also when
+    /// nothing was cleared.
     void restoreClearedHistory();
     /// Adds a short English line to the event log.
     void log(std::string_view message) const;

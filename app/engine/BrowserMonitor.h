@@ -20,10 +20,11 @@ public:
 
     /// How long a browser may take that has never answered, in seconds: the user may have to answer a dialog first.
     static constexpr double firstTimeout = 90.0;
-    /// How long it may take once it has answered.
+    /// How long it may take once it has answered, in seconds.
     static constexpr double confirmedTimeout = 10.0;
+    /// How long it may take to blank a tab, in seconds.
     static constexpr double blankTimeout = 5.0;
-    /// How long a browser that was started gets to come up before it is asked.
+    /// How long a browser that was started gets to come up before it is asked, in seconds.
     static constexpr double launchDelay = 2.0;
 
     /// `scriptTool` takes "-e" and a script. The seams must outlive this.

@@ -29,8 +29,8 @@ public:
 
     /// Whether another process of this program runs. A program without an identifier cannot tell and says no.
     bool isAnotherInstanceRunning() const;
-    /// Takes up the session that the last process left, unless there is another instance: a second one reads nothing
-    /// and touches nothing. To be called once, when the controller's callbacks are connected.
+    /// Takes up the session that the last process left, unless there is another instance: a second one leaves the
+    /// session and the watchdog alone. To be called once, when the controller's callbacks are connected.
     Start start();
     QuitAnswer answerToQuit() const;
 

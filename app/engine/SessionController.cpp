@@ -33,14 +33,15 @@ SessionController::SessionController(AppData& data, Seams seams)
       m_browserMonitor{m_seams.childProcesses, m_seams.workspace, m_seams.timers, m_seams.scriptTool} {}
 
 void SessionController::start(const Profile& profile, std::string_view intent) {
-    begin(ActiveSession{profile.name, profile.mode, std::string{trimmed(intent)}, m_seams.clock.now(),
-                        profile.segments(), bundleIDs(profile.allowedApps), profile.allowedDomains,
-                        freshID(m_seams.random)});
+    inTurn([this, profile, goal = std::string{trimmed(intent)}] {
+        if (isActive()) return;
+        begin(ActiveSession{profile.name, profile.mode, goal, m_seams.clock.now(), profile.segments(),
+                            bundleIDs(profile.allowedApps), profile.allowedDomains, freshID(m_seams.random)});
+    });
 }
 
 // The order is the design: each step relies on those before it.
-void SessionController::begin(ActiveSession session) {
-    if (isActive()) return;
+void SessionController::begin(const ActiveSession& session) {
     m_session.set(session);
     persist(); // a crash from here on can be resumed
     rememberFrontmostIfAllowed();
@@ -57,36 +58,42 @@ void SessionController::begin(ActiveSession session) {
 }
 
 bool SessionController::resumeIfNeeded() {
+    inTurn([this] { resume(); });
+    return isActive();
+}
+
+void SessionController::resume() {
     auto session = m_data.store().load<ActiveSession>(sessionFile);
     if (!session || session->segments.empty()) {
         m_data.store().remove(sessionFile);
         m_seams.serviceManager.remove();
-        return false;
+        return;
     }
     m_session.set(session);
     const Date now = m_seams.clock.now();
     if (session->status(now).isFinished) {
         const double late = now - session->plannedEnd();
         finish(SessionOutcome::completed, std::nullopt, late < lateSummaryLimit ? Summary::shown : Summary::skipped);
-        return false;
+        return;
     }
     m_seams.serviceManager.install(Watchdog::launchArguments(watchdogArguments));
     m_lastSegmentIndex.reset(); // so that the tick restores the overlay of the present segment
     m_suppressAttemptsUntil = m_seams.clock.now() + suppressionAtStart;
     startRunning();
     tick();
+    // Installing takes its time, in which the plan may have run out.
+    if (!isActive()) return;
     m_data.log("session resumed");
     if (onSessionBegan) onSessionBegan(*session);
-    return true;
 }
 
 void SessionController::startRunning() {
     m_observers.clear();
-    m_observers.push_back(m_seams.workspace.observeActivations(
-        m_lifetime.guard([this](const Workspace::Application& application) { appActivated(application); })));
-    m_observers.push_back(m_seams.workspace.observeLaunches(
-        m_lifetime.guard([this](const Workspace::Application& application) { appLaunched(application); })));
-    m_timer = m_seams.timers.every(tickPeriod, m_lifetime.guard([this] { tick(); }));
+    m_observers.push_back(m_seams.workspace.observeActivations(m_lifetime.guard(
+        [this](const Workspace::Application& application) { inTurn([&] { appActivated(application); }); })));
+    m_observers.push_back(m_seams.workspace.observeLaunches(m_lifetime.guard(
+        [this](const Workspace::Application& application) { inTurn([&] { appLaunched(application); }); })));
+    m_timer = m_seams.timers.every(tickPeriod, m_lifetime.guard([this] { inTurn([this] { tick(); }); }));
     if (onSessionChange) onSessionChange();
 }
 
@@ -97,18 +104,15 @@ void SessionController::stopRunning() {
 
 void SessionController::tick() {
     if (!isActive()) return;
-    // Whoever is told of a change may end the session, and even start another one.
-    const auto isOver = [this, id = (*m_session)->id] { return !isActive() || (*m_session)->id != id; };
     const ScheduleStatus status = (*m_session)->status(m_seams.clock.now());
     m_status.set(status);
-    if (isOver()) return;
     if (status.isFinished) {
         finish(SessionOutcome::completed, std::nullopt, Summary::shown);
         return;
     }
     if (m_lastSegmentIndex != status.segmentIndex) {
-        segmentChanged(std::exchange(m_lastSegmentIndex, status.segmentIndex), status.segmentIndex);
-        if (isOver()) return;
+        segmentChanged(m_lastSegmentIndex, status.segmentIndex);
+        m_lastSegmentIndex = status.segmentIndex;
     }
     if (status.isLocked()) {
         enforceApps();
@@ -132,17 +136,17 @@ void SessionController::segmentChanged(std::optional<std::int64_t> from, std::in
         m_suppressAttemptsUntil = m_seams.clock.now() + suppressionIntoWork;
         if (!isExiting) enterWork(!velmorin::isLocked(kindOf(*from)));
     } else if (!isExiting) {
-        setOverlay(kind == SegmentKind::lockedBreak ? OverlayState{Overlay::LockedBreak{}} : Overlay::None{});
+        assignOverlay(kind == SegmentKind::lockedBreak ? OverlayState{Overlay::LockedBreak{}} : Overlay::None{});
     }
 }
 
 void SessionController::enterWork(bool wasOpenBreak) {
     if (!wasOpenBreak) {
-        setOverlay(Overlay::None{});
+        assignOverlay(Overlay::None{});
         focusAllowedApp();
         return;
     }
-    setOverlay(Overlay::BackToWork{});
+    assignOverlay(Overlay::BackToWork{});
     if (autoReturnFromWarnings) callLater(unattendedDelay, [this] { returnToWork(); });
 }
 
@@ -163,7 +167,7 @@ void SessionController::finish(SessionOutcome outcome, std::optional<std::string
     m_seams.serviceManager.remove();
     runFocusShortcut(Switch::off);
     forgetSession();
-    setOverlay(summary == Summary::shown ? OverlayState{Overlay::Finished{record}} : Overlay::None{});
+    assignOverlay(summary == Summary::shown ? OverlayState{Overlay::Finished{record}} : Overlay::None{});
     if (summary == Summary::shown) m_seams.sounds.play(changeSound, changeVolume);
     m_data.log("session ended outcome=" + std::string{rawValue(outcome)} +
                " attempts=" + std::to_string(record.attempts) + " returns=" + std::to_string(record.returns));
@@ -174,14 +178,13 @@ void SessionController::finish(SessionOutcome outcome, std::optional<std::string
 
 // `m_suppressAttemptsUntil`, `m_lastAllowedBundleID` and `m_tickCount` live on.
 void SessionController::forgetSession() {
+    m_session.set(std::nullopt);
+    m_status.set(std::nullopt);
     m_lastSegmentIndex.reset();
     m_deniedBrowsers.clear();
     m_browsersInFlight.clear();
     m_browsersConfirmed.clear();
     m_terminateRetries.clear();
-    // Last, since a watcher may start the next session at once.
-    m_session.set(std::nullopt);
-    if (!isActive()) m_status.set(std::nullopt);
 }
 
 void SessionController::unhideAll(const std::vector<std::string>& hidden) {
@@ -211,12 +214,23 @@ void SessionController::callLater(double seconds, std::function<void()> call) {
     m_seams.timers.after(seconds, m_lifetime.guard(std::move(call))).detach();
 }
 
+void SessionController::inTurn(std::function<void()> operation) {
+    if (m_isAtWork) {
+        callLater(0, [this, operation = std::move(operation)] { inTurn(operation); });
+        return;
+    }
+    m_isAtWork = true;
+    operation();
+    m_isAtWork = false;
+}
+
 void SessionController::setOverlay(OverlayState state) {
+    inTurn([this, state = std::move(state)] { assignOverlay(state); });
+}
+
+void SessionController::assignOverlay(OverlayState state) {
     m_overlay.set(std::move(state));
-    if (!onOverlayChange) return;
-    // A copy, since the callback may replace the overlay while it still reads what it was told.
-    const OverlayState told = *m_overlay;
-    onOverlayChange(told);
+    if (onOverlayChange) onOverlayChange(*m_overlay);
 }
 
 bool SessionController::isSelf(const RunningApplication& application) const {

@@ -35,7 +35,8 @@ namespace velmorin {
 ///
 /// One class to its callers; its operations stand in a file for each subject: the run in `SessionController.cpp`, the
 /// other applications in `SessionControllerApplications.cpp`, the browsers in `SessionControllerBrowsers.cpp` and the
-/// overlay in `SessionControllerOverlay.cpp`. Main thread, so that a tick and a notification never interleave.
+/// overlay in `SessionControllerOverlay.cpp`. Main thread, so that a tick and a notification never interleave. An
+/// operation that a callback or a watcher asks for is done once the one that it is told of has ended.
 class SessionController {
 public:
     /// What it needs of the platform. All must outlive it.
@@ -63,9 +64,11 @@ public:
     /// Where the session stood at the last tick.
     const Observable<std::optional<ScheduleStatus>>& status() const { return m_status; }
     const Observable<OverlayState>& overlay() const { return m_overlay; }
+    /// Whether a session is running.
     bool isActive() const { return m_session->has_value(); }
 
-    /// Starts a session of a profile, for what the user says it is for. Does nothing while one runs.
+    /// Starts a session of a profile, for what the user says it is for, without white space around it. Does nothing
+    /// while one runs.
     void start(const Profile& profile, std::string_view intent);
     /// Takes up the session that the last process left behind, once at launch; one whose plan has run out meanwhile
     /// becomes a record. True when a session is running afterwards.
@@ -76,19 +79,24 @@ public:
     void returnToWork();
     /// Asks to end early: once no work is left the session ends at once, otherwise the wait begins, anew each time.
     void beginEmergencyExit();
+    /// Goes back to what the plan shows: the screen of a locked break in such a one, otherwise to work, as
+    /// `returnToWork`. Also where no exit is open.
     void cancelEmergencyExit();
-    /// Ends the session if the wait is over and the reason long enough; otherwise nothing changes.
+    /// Ends the session if the exit is open, its wait over and the reason long enough; otherwise only a line in the log
+    /// comes of it.
     void confirmEmergencyExit(std::string_view reason);
     /// The overlay's own assignment, by which the summary's button puts it down. Watchers hear of a change,
     /// `onOverlayChange` of every call.
     void setOverlay(OverlayState state);
 
-    // Callbacks, assigned once by the owner.
+    // Callbacks, assigned once by the owner. Each may be missing.
     std::function<void(const OverlayState&)> onOverlayChange; ///< after every assignment of the overlay
     std::function<void()> onSessionChange;                    ///< a session has come up or gone down
-    std::function<void()> onTick;                             ///< at the end of each live tick
-    std::function<void(const ActiveSession&)> onSessionBegan; ///< started or resumed
-    std::function<void(const ActiveSession&)> onSessionEnded; ///< ending, with its final counters
+    std::function<void()> onTick;                             ///< at the end of each live tick, and of a session
+    /// Started, with the session as it was before the first tick hid anything; or resumed, as it was stored.
+    std::function<void(const ActiveSession&)> onSessionBegan;
+    /// Ending, with the final counters. The session, its file and the watchdog's job are still there.
+    std::function<void(const ActiveSession&)> onSessionEnded;
 
     // Knobs for whoever embeds the controller; the application leaves them alone.
     std::optional<AppPolicy::BundleIDs> onlyBlock; ///< when present, only these applications are blocked
@@ -104,7 +112,10 @@ public:
     const std::map<std::int32_t, std::int64_t>& terminateRetries() const { return m_terminateRetries; }
     /// Locked ticks so far, over all sessions.
     std::int64_t tickCount() const { return m_tickCount; }
+    /// The segment that the last tick acted on; absent without one.
     std::optional<std::int64_t> lastSegmentIndex() const { return m_lastSegmentIndex; }
+    /// The allowed application that was last in front, parts of the system aside; outlives the session. Absent before
+    /// there was one.
     const std::optional<std::string>& lastAllowedBundleID() const { return m_lastAllowedBundleID; }
 
 private:
@@ -112,7 +123,9 @@ private:
     enum class Switch { on, off };
 
     // The run.
-    void begin(ActiveSession session);
+    void inTurn(std::function<void()> operation);
+    void begin(const ActiveSession& session);
+    void resume();
     void persist();
     void assignAndSave(ActiveSession session);
     void startRunning();
@@ -141,9 +154,17 @@ private:
     void focusAllowedApp();
     bool activateRunning(std::string_view bundleID);
 
+    // The overlay.
+    void assignOverlay(OverlayState state);
+    void goBackToWork();
+    void openExit();
+    void closeExit();
+    void leave(std::string_view reason);
+
     // The browsers.
     void pollBrowsers();
     void handleBrowserResult(const BrowserResult& result, BrowserKind browser);
+    bool isLocked(const UUID& sessionID) const;
     void judgeTabs(const std::vector<BrowserTab>& tabs, BrowserKind browser);
 
     Observable<std::optional<ActiveSession>> m_session;
@@ -154,7 +175,7 @@ private:
     BrowserMonitor m_browserMonitor;
     Cancellable m_timer;
     std::vector<Cancellable> m_observers;
-    std::optional<std::int64_t> m_lastSegmentIndex; ///< the segment that the last tick acted on
+    std::optional<std::int64_t> m_lastSegmentIndex;
     std::optional<std::string> m_lastAllowedBundleID;
     Date m_suppressAttemptsUntil = Date::distantPast();
     AppPolicy::BundleIDs m_deniedBrowsers;
@@ -162,6 +183,7 @@ private:
     std::set<BrowserKind> m_browsersConfirmed; ///< have answered once
     std::map<std::int32_t, std::int64_t> m_terminateRetries;
     std::int64_t m_tickCount = 0;
+    bool m_isAtWork = false; ///< an operation is under way
     Lifetime m_lifetime;
 };
 

@@ -136,7 +136,7 @@ void SessionController::registerAttempt(const std::string& target) {
     const std::int64_t attempt = ++session.attempts;
     assignAndSave(std::move(session));
     const double pause = Friction::warningPauseSeconds(attempt);
-    setOverlay(Overlay::Warning{{target, attempt, now, now + pause}});
+    assignOverlay(Overlay::Warning{{target, attempt, now, now + pause}});
     m_seams.sounds.play(attemptSound, attemptVolume);
     m_data.log("attempt " + std::to_string(attempt) + " target=" + target +
                " pause=" + std::to_string(static_cast<std::int64_t>(pause)));

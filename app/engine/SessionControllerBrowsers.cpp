@@ -20,9 +20,16 @@ void SessionController::pollBrowsers() {
         m_browsersInFlight.insert(kind);
         const double timeout =
             m_browsersConfirmed.contains(kind) ? BrowserMonitor::confirmedTimeout : BrowserMonitor::firstTimeout;
-        m_browserMonitor.fetchTabs(kind, timeout, m_lifetime.guard([this, kind](const BrowserResult& result) {
-            handleBrowserResult(result, kind);
-        }));
+        // The tick goes on at once.
+        callLater(0, [this, kind, timeout, id = (*m_session)->id] {
+            if (!isLocked(id)) {
+                m_browsersInFlight.erase(kind);
+                return;
+            }
+            m_browserMonitor.fetchTabs(kind, timeout, m_lifetime.guard([this, kind](const BrowserResult& result) {
+                inTurn([&] { handleBrowserResult(result, kind); });
+            }));
+        });
     }
 }
 
@@ -49,9 +56,18 @@ void SessionController::judgeTabs(const std::vector<BrowserTab>& tabs, BrowserKi
         const std::string name = DomainPolicy::displayName(tab.url);
         m_data.log("blocked site in " + std::string{displayName(browser)} + ": " + name);
         if (isInFront) registerAttempt(name);
-        m_browserMonitor.run(BrowserScripts::blankTab(browser, tab.windowID), BrowserMonitor::blankTimeout,
-                             [](const ScriptResult&) {});
+        callLater(0, [this, browser, windowID = tab.windowID, id = (*m_session)->id] {
+            if (!isLocked(id)) return;
+            m_browserMonitor.run(BrowserScripts::blankTab(browser, windowID), BrowserMonitor::blankTimeout,
+                                 [](const ScriptResult&) {});
+        });
     }
+}
+
+// After a sleep several things fall due at one moment: a script that was to follow an answer must not be sent once the
+// session has ended or a break has come.
+bool SessionController::isLocked(const UUID& sessionID) const {
+    return isActive() && (*m_session)->id == sessionID && isLocked();
 }
 
 } // namespace velmorin

@@ -15,6 +15,22 @@ constexpr double suppressionAfterReturn = 2.0; // seconds
 } // namespace
 
 void SessionController::returnToWork() {
+    inTurn([this] { goBackToWork(); });
+}
+
+void SessionController::beginEmergencyExit() {
+    inTurn([this] { openExit(); });
+}
+
+void SessionController::cancelEmergencyExit() {
+    inTurn([this] { closeExit(); });
+}
+
+void SessionController::confirmEmergencyExit(std::string_view reason) {
+    inTurn([this, text = std::string{reason}] { leave(text); });
+}
+
+void SessionController::goBackToWork() {
     // The only place where returns are counted: warnings that the user walked away from.
     if (shows<Overlay::Warning>(*m_overlay) && isActive()) {
         ActiveSession session = **m_session;
@@ -23,11 +39,11 @@ void SessionController::returnToWork() {
         m_data.log("returned " + std::to_string(returns));
     }
     m_suppressAttemptsUntil = m_seams.clock.now() + suppressionAfterReturn;
-    setOverlay(Overlay::None{});
+    assignOverlay(Overlay::None{});
     if (isActive()) focusAllowedApp();
 }
 
-void SessionController::beginEmergencyExit() {
+void SessionController::openExit() {
     if (!isActive()) return;
     const Date now = m_seams.clock.now();
     if ((*m_session)->isAllWorkDone(now)) {
@@ -35,20 +51,20 @@ void SessionController::beginEmergencyExit() {
         return;
     }
     m_data.log("emergency exit opened");
-    setOverlay(Overlay::EmergencyExit{now + exitWaitOverride.value_or((*m_session)->exitWaitSeconds())});
+    assignOverlay(Overlay::EmergencyExit{now + exitWaitOverride.value_or((*m_session)->exitWaitSeconds())});
 }
 
-void SessionController::cancelEmergencyExit() {
+void SessionController::closeExit() {
     m_data.log("emergency exit cancelled");
     // The plan may have moved on under the exit.
     if (*m_status && (*m_status)->kind == SegmentKind::lockedBreak) {
-        setOverlay(Overlay::LockedBreak{});
+        assignOverlay(Overlay::LockedBreak{});
     } else {
-        returnToWork();
+        goBackToWork();
     }
 }
 
-void SessionController::confirmEmergencyExit(std::string_view reason) {
+void SessionController::leave(std::string_view reason) {
     const auto* exit = std::get_if<Overlay::EmergencyExit>(&*m_overlay);
     if (exit && Friction::canConfirmExit(reason, exit->waitUntil, m_seams.clock.now())) {
         finish(SessionOutcome::aborted, std::string{trimmed(reason)}, Summary::skipped);

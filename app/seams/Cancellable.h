@@ -19,6 +19,7 @@ public:
     Cancellable& operator=(const Cancellable&) = delete;
     ~Cancellable();
 
+    /// Calls the work off; a second time does nothing.
     void cancel();
     /// Lets the work go on whatever becomes of this.
     void detach();

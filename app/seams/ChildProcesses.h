@@ -9,15 +9,21 @@ namespace velmorin {
 
 /// What came of a child process that was run to its end.
 struct ScriptResult {
-    std::int32_t code = 0; ///< exit status; the number of the signal that ended it; -1 when it could not be started
-    std::string output;    ///< all of standard output, as UTF-8 with bad sequences repaired
-    std::string error;     ///< all of standard error, likewise; why it failed when it could not be started
+    /// Exit status; the number of the signal that ended it, SIGTERM's also where nobody knows how it ended or whether;
+    /// -1 when it could not be started.
+    std::int32_t code = 0;
+    /// All of standard output, as UTF-8 in which U+FFFD stands for each bad sequence. Of more than 64 MiB the
+    /// beginning.
+    std::string output;
+    /// All of standard error, likewise; why it could not be started, if so.
+    std::string error;
 
     bool operator==(const ScriptResult&) const = default;
 };
 
 /// Other programs run by this one, in its environment and with nothing on their standard input. Each is reaped. An
-/// executable is named by its path. Main thread; `run` and `start` return at once.
+/// executable is named by its path and gets the arguments as they are; no shell reads them. Main thread; `run` and
+/// `start` return at once.
 class ChildProcesses {
 public:
     using Arguments = std::vector<std::string>;
@@ -26,8 +32,10 @@ public:
     virtual ~ChildProcesses() = default;
 
     /// Runs a program and gives its result to `completion` exactly once, on the main thread and never from within this
-    /// call. Still running after `timeout` seconds it is asked to end (SIGTERM), which ends the wait also for outputs
-    /// that its own children keep open.
+    /// call. Both outputs are read to their ends, also where its own children keep them open after it. Still running
+    /// after `timeout` seconds (zero or less: at once) it is asked to end (SIGTERM) and never forced to. That time also
+    /// ends the reading of outputs that are still open; for a program that does not listen, a second later. What
+    /// becomes of such a program or of its children then is not told any more.
     virtual void run(const std::string& executable, const Arguments& arguments, double timeout,
                      Completion completion) = 0;
     /// Starts a program and forgets it. Its outputs are thrown away; no failure is told.

@@ -4,7 +4,8 @@
 
 namespace velmorin {
 
-/// The wall clock, by which plans run, also while the machine sleeps. The user may set it, so it can go back.
+/// The wall clock, by which plans run, also while the machine sleeps. The user may set it, so it can go back. Main
+/// thread.
 class Clock {
 public:
     virtual ~Clock() = default;

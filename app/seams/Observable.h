@@ -13,6 +13,10 @@ namespace velmorin {
 /// Those who want to hear of a change, called in the order in which they came. Main thread.
 class Watchers {
 public:
+    Watchers() = default;
+    Watchers(const Watchers&) = delete;
+    Watchers& operator=(const Watchers&) = delete;
+
     /// The call is made until the result goes. A watcher may come or go during a call; one that comes hears only of
     /// later changes.
     [[nodiscard]] Cancellable add(std::function<void()> call);

@@ -43,13 +43,18 @@ void addApplications(const JSONArguments& setup, SimulatedWorkspace& workspace) 
 
 /// What a step does, and whether it means something where no process of the program runs.
 struct Scenario::Kind {
-    enum class Needs { program, nothing };
+    enum class Needs {
+        program,     ///< a living one
+        unlessEnded, ///< a living one, or one still to be started
+        nothing,
+    };
     Step play;
     Needs needs = Needs::program;
 };
 
 const std::map<std::string, Scenario::Kind, std::less<>>& Scenario::kinds() {
     constexpr auto nothing = Kind::Needs::nothing;
+    constexpr auto unlessEnded = Kind::Needs::unlessEnded;
     static const std::map<std::string, Kind, std::less<>> kinds{
         {"start", {&Scenario::start}},
         {"advance", {&Scenario::advance, nothing}},
@@ -60,7 +65,7 @@ const std::map<std::string, Scenario::Kind, std::less<>>& Scenario::kinds() {
         {"unhide", {&Scenario::unhide, nothing}},
         {"quit", {&Scenario::quit, nothing}},
         {"front", {&Scenario::front, nothing}},
-        {"browser", {&Scenario::browser}},
+        {"browser", {&Scenario::browser, unlessEnded}},
         {"returnToWork", {&Scenario::returnToWork}},
         {"beginEmergencyExit", {&Scenario::beginEmergencyExit}},
         {"cancelEmergencyExit", {&Scenario::cancelEmergencyExit}},
@@ -75,10 +80,10 @@ const std::map<std::string, Scenario::Kind, std::less<>>& Scenario::kinds() {
         {"relaunch", {&Scenario::relaunch, nothing}},
         {"powerOff", {&Scenario::powerOff}},
         {"askToQuit", {&Scenario::askToQuit}},
-        {"disk", {&Scenario::disk}},
+        {"disk", {&Scenario::disk, unlessEnded}},
         {"pair", {&Scenario::pair}},
         {"unpair", {&Scenario::unpair}},
-        {"relay", {&Scenario::relay}},
+        {"relay", {&Scenario::relay, unlessEnded}},
         {"phone", {&Scenario::phone}},
         {"show", {&Scenario::show, nothing}},
     };
@@ -97,6 +102,7 @@ void Scenario::play(const std::string& line) {
     } else {
         setUp(arguments.object("setup"));
     }
+    m_scene->notePairing();
     desktop().time.settle();
 }
 
@@ -131,7 +137,8 @@ void Scenario::writeFiles(const JSONArguments& setup) {
     const JSONStore store{m_options.directory, m_files};
     AppSettings settings = store.load<AppSettings>(AppData::settingsFile).value_or(AppSettings{});
     if (setup.hasValue("settings")) settings = readSettings(settings, setup.raw("settings"));
-    settings.language = setup.find<AppLanguage>("language").value_or(settings.language);
+    if (const auto language = setup.find<std::string>("language"))
+        settings.language = fromRawValue<AppLanguage>(*language).value_or(AppLanguage::persian);
     store.save(settings, AppData::settingsFile);
 }
 
@@ -139,7 +146,8 @@ void Scenario::step(const JSONArguments& step) {
     const auto name = step.get<std::string>("do");
     const auto kind = kinds().find(name);
     if (kind == kinds().end()) throw MalformedInput{"there is no step \"" + name + "\""};
-    if (kind->second.needs == Kind::Needs::program && !m_scene->program()) {
+    if (!m_scene->program() && (kind->second.needs == Kind::Needs::program ||
+                                (kind->second.needs == Kind::Needs::unlessEnded && m_scene->hasLaunched()))) {
         tellIgnored(name);
     } else {
         (this->*kind->second.play)(step);

@@ -17,11 +17,18 @@ constexpr std::size_t nonceLength = 12;
 
 Scene::Scene(Date start, Files& files, ProgramSetup setup)
     : m_setup{std::move(setup)}, m_desktop{start, files}, m_nextPID{SimulatedWorkspace::firstOwnPID} {
-    m_desktop.relay.opener = [this](std::string_view sealed) -> std::optional<std::string> {
-        const auto pairing = program() ? program()->data().phoneLink().pairing() : std::nullopt;
-        const auto opened = pairing ? PhoneWire::open(sealed, pairing->key, PhoneWire::command) : std::nullopt;
+    m_desktop.relay.opener = [this](const std::string& topic, std::string_view sealed) -> std::optional<std::string> {
+        notePairing();
+        const auto key = m_phoneKeys.find(topic);
+        if (key == m_phoneKeys.end()) return std::nullopt;
+        const auto opened = PhoneWire::open(sealed, key->second, PhoneWire::command);
         return opened ? std::optional{std::string{opened->begin(), opened->end()}} : std::nullopt;
     };
+}
+
+void Scene::notePairing() {
+    const auto pairing = program() ? program()->data().phoneLink().pairing() : std::nullopt;
+    if (pairing) m_phoneKeys[pairing->commandTopic()] = pairing->key;
 }
 
 SimulatedProgram* Scene::program() {
@@ -36,8 +43,8 @@ void Scene::launch(LaunchedBy by) {
     m_desktop.workspace.add({pid, m_setup.bundleID, std::nullopt, ActivationPolicy::accessory});
     m_programs.push_back(std::make_unique<SimulatedProgram>(m_desktop, m_setup, options, pid));
     SimulatedProgram* const started = m_programs.back().get();
-    // Not at once: the process is still at work when it asks to end.
-    started->onEnd = [this, started] { m_desktop.time.post([this, started] { bury(started); }).detach(); };
+    // Not at once: the process is still at work when it asks to end. But before it can do anything else.
+    started->onEnd = [this, started] { m_desktop.time.postNext([this, started] { bury(started); }); };
     started->launch();
 }
 

@@ -48,6 +48,7 @@ public:
     std::int32_t pid() const { return m_application.processIdentifier(); }
     AppData& data() { return m_data; }
     SessionController& controller() { return m_controller; }
+    SimulatedApplication& application() { return m_application; }
     const Appearance& appearance() const { return m_appearance; }
 
     std::function<void()> onEnd; ///< the program ended itself

@@ -60,6 +60,18 @@ bool isUTF8(std::string_view text) {
     return simdjson::validate_utf8(text.data(), text.size());
 }
 
+std::string repairedUTF8(std::string_view text) {
+    if (isUTF8(text)) return std::string{text};
+    std::string repaired;
+    repaired.reserve(text.size());
+    for (std::int32_t start = 0; start < static_cast<std::int32_t>(text.size());) {
+        const auto from = static_cast<std::size_t>(start);
+        const bool isReplaced = next(text, start) == 0xFFFD;
+        repaired += isReplaced ? "\uFFFD" : text.substr(from, static_cast<std::size_t>(start) - from);
+    }
+    return repaired;
+}
+
 std::string_view trimmed(std::string_view text) {
     auto end = static_cast<std::int32_t>(text.size());
     for (std::int32_t before = end; before > 0; end = before) {

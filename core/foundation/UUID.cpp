@@ -29,7 +29,7 @@ constexpr auto digitValues = [] {
 } // namespace
 
 UUID UUID::random() {
-    std::array<std::uint8_t, 16> drawn;
+    std::array<std::uint8_t, 16> drawn{};
     std::ranges::copy(randomBytes(drawn.size()), drawn.begin());
     return fromRandomBytes(drawn);
 }

@@ -21,8 +21,8 @@ public:
 
     /// Whether something comes true before the patience is at an end.
     bool eventually(const std::function<bool()>& condition) {
-        constexpr double patience = 5.0; // seconds
-        constexpr double step = 0.05;    // seconds
+        constexpr double patience = 60.0; // seconds; only a test that fails waits this long
+        constexpr double step = 0.05;     // seconds
         settle();
         for (double waited = 0; !condition() && waited < patience; waited += step)
             wait(step);

@@ -61,7 +61,7 @@ TEST_P(ChildProcessesContract, aProgramThatIsNotThereGivesMinusOneAndTheReason) 
 
 TEST_P(ChildProcessesContract, aProgramThatOutlastsItsLimitIsAskedToEnd) {
     Outcome outcome;
-    run(bench().lasting(60), 0.3, outcome);
+    run(bench().lasting(60), 2.0, outcome);
     bench().wait(0.1);
     EXPECT_EQ(outcome.calls, 0);
     EXPECT_TRUE(bench().eventually([&] { return outcome.calls == 1; }));

@@ -37,7 +37,7 @@ public:
 /// What the running of other programs promises.
 class ChildProcessesContract : public Contract<ChildProcessesBench> {
 protected:
-    static constexpr double longTimeout = 5.0;
+    static constexpr double longTimeout = 60.0;
 
     /// What came of one program.
     struct Outcome {

@@ -95,9 +95,9 @@ TEST_F(AppDataTest, loadingAFullStoreWritesNothingEither) {
 
 TEST_F(AppDataTest, onlyTheDirectoryItselfComesToExist) {
     const TemporaryDirectory parent;
-    PosixFiles disk;
+    PosixFiles realDisk;
     const auto directory = JSONStore::defaultDirectory(parent.path() / "not yet there");
-    const AppData loaded{JSONStore{directory, disk},
+    const AppData loaded{JSONStore{directory, realDisk},
                          {desktop().time, desktop().time, desktop().random, desktop().relay, appearance}};
     EXPECT_THAT(*loaded.profiles(), SizeIs(2));
     ASSERT_TRUE(std::filesystem::is_directory(directory));
@@ -247,11 +247,17 @@ TEST_F(AppDataTest, watchersHearOfChangesAndNotOfEveryAssignment) {
     for (int time = 1; time <= 2; ++time) {
         data().setProfiles({});
         data().setThoughts({});
-        data().setHistory({});
+        data().setHistory({SessionRecord{}});
         data().setSettings(dawn);
-        data().restoreClearedHistory();
     }
-    EXPECT_THAT(heard, ElementsAre("profiles", "settings"));
+    EXPECT_THAT(heard, ElementsAre("profiles", "history", "settings"));
+    heard.clear();
+    data().clearHistory();
+    EXPECT_THAT(heard, ElementsAre("cleared", "history"));
+    heard.clear();
+    data().restoreClearedHistory();
+    data().restoreClearedHistory();
+    EXPECT_THAT(heard, ElementsAre("history", "cleared"));
 }
 
 TEST_F(AppDataTest, settingsAreSavedThenAppliedThenTold) {

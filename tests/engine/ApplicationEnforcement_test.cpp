@@ -186,8 +186,8 @@ TEST_F(ApplicationEnforcementTest, whatIsHiddenForTheFirstTimeIsSavedBeforeTheAt
     addApplication(mail, mailID, "Mail");
     activate(mail);
     EXPECT_THAT(eventNames(), ElementsAre("hide", "log", "save", "save", "overlay", "sound", "log"));
-    EXPECT_THAT(stored<ActiveSession>("active-session.json")->hiddenBundleIDs, ElementsAre(gameID, mailID));
-    EXPECT_EQ(stored<ActiveSession>("active-session.json")->attempts, 1);
+    EXPECT_THAT(stored<ActiveSession>(SessionController::sessionFile)->hiddenBundleIDs, ElementsAre(gameID, mailID));
+    EXPECT_EQ(stored<ActiveSession>(SessionController::sessionFile)->attempts, 1);
 }
 
 TEST_F(ApplicationEnforcementTest, aCountedAttemptLeavesTheFrontToTheOverlay) {
@@ -326,6 +326,14 @@ TEST_F(ApplicationEnforcementTest, aLaunchWithoutAnIdentifierIsLoggedAsUnknown) 
     settle();
     EXPECT_THAT(log(), ElementsAre("blocked launch unknown", "attempt 1 target=Tool pause=5"));
     EXPECT_EQ(times("terminate", 20), 1U);
+}
+
+TEST_F(ApplicationEnforcementTest, aNotificationThatDoesNotTellTheApplicationDoesNothing) {
+    startSession(profile(SessionMode::pomodoro));
+    forgetEvents();
+    desktop().workspace.announceUnknown();
+    settle();
+    EXPECT_THAT(eventNames(), IsEmpty());
 }
 
 } // namespace

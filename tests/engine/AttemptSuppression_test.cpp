@@ -119,7 +119,7 @@ TEST_F(AttemptSuppressionTest, everyPushIsHiddenAndRefocusedThroughout) {
     }
     EXPECT_EQ(times("hide", game), 5U);
     EXPECT_EQ(times("activate", editor), 5U);
-    EXPECT_EQ(saves("active-session.json"), 0U);
+    EXPECT_EQ(saves(SessionController::sessionFile), 0U);
     EXPECT_EQ(attempts(), 0);
 }
 

@@ -29,10 +29,11 @@ protected:
         advance(0.5);
         forgetEvents();
     }
-    /// Lets a browser answer the next question, and be done with the blanking, where neither takes longer.
+    /// What Chrome shows from now on.
     void show(SimulatedBrowsers::Says says, double delay = 0.1, bool isStubborn = false) {
         desktop().browsers.behave(chromeKind, {std::move(says), delay, isStubborn});
     }
+    /// Lets it answer the next question, and be done with the blanking, where neither takes longer.
     void askOnce() { advance(2); }
     std::vector<std::string> addresses(BrowserKind kind = chromeKind) {
         const auto tabs = desktop().browsers.tabs(kind);
@@ -390,6 +391,22 @@ TEST_F(BrowserEnforcementTest, whereOnlySomeAreBlockedARefusalForbidsNothing) {
     EXPECT_THAT(log(), ElementsAre("automation denied for Chrome"));
     EXPECT_FALSE(isHidden(chrome));
     EXPECT_EQ(attempts(), 0);
+}
+
+TEST_F(BrowserEnforcementTest, whatIsStillToBeBlankedWhenTheSessionEndsIsLeftAlone) {
+    addEditorAndGame();
+    addBrowser(chromeKind);
+    show(Tabs{{"1", "https://news.example/"}}, 0.1, true);
+    Profile minute = browsing(SessionMode::deep);
+    minute.deep = {1, 0, 0};
+    startSession(minute);
+    advance(56.05);
+    forgetEvents();
+    // On waking the answer of second 59 and the tick that ends the session are due at once.
+    desktop().time.sleep(10);
+    EXPECT_FALSE(controller().isActive());
+    EXPECT_EQ(log().front(), blockedNews);
+    EXPECT_THAT(events("script"), IsEmpty());
 }
 
 } // namespace

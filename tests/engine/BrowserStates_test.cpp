@@ -9,7 +9,7 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 
 /// When which browser is asked, and how long it may take: unknown, in flight, confirmed, denied. A session asks in its
-/// seconds 1, 3, 5 and so on, so that two answers have come before `startSession` and a third question after it.
+/// seconds 1, 3, 5 and so on, so that two questions have been asked and one was answered when `startSession` returns.
 class BrowserStatesTest : public EnforcementTest {
 protected:
     void startWithChrome(SimulatedBrowsers::Says says = Tabs{}, double delay = 0.1) {

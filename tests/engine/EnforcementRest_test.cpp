@@ -20,7 +20,7 @@ protected:
     void expectActivationsAtMost(std::size_t most) { EXPECT_LE(events("activate").size(), most); }
 };
 
-TEST_F(EnforcementRestTest, aSecondSessionThatForbidsWhatIsRememberedFromTheFirst) {
+TEST_F(EnforcementRestTest, aSecondSessionThatForbidsWhatIsRememberedFromTheFirstComesToRest) {
     addEditorAndGame();
     addApplication(mail, mailID, "Mail");
     startSession(profile(SessionMode::pomodoro));
@@ -38,7 +38,7 @@ TEST_F(EnforcementRestTest, aSecondSessionThatForbidsWhatIsRememberedFromTheFirs
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, aSecondSessionThatAllowsNothingThatRuns) {
+TEST_F(EnforcementRestTest, aSecondSessionThatAllowsNothingThatRunsComesToRest) {
     addEditorAndGame();
     addApplication(finder, finderID, "Finder");
     startSession(profile(SessionMode::pomodoro));
@@ -52,7 +52,7 @@ TEST_F(EnforcementRestTest, aSecondSessionThatAllowsNothingThatRuns) {
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, aSecondSessionOverARememberedApplicationThatHasQuit) {
+TEST_F(EnforcementRestTest, aSecondSessionOverARememberedApplicationThatHasQuitComesToRest) {
     addEditorAndGame();
     desktop().workspace.installed = {editorID, mailID};
     startSession(profile(SessionMode::pomodoro));
@@ -66,7 +66,7 @@ TEST_F(EnforcementRestTest, aSecondSessionOverARememberedApplicationThatHasQuit)
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, theBrowserInFrontRefusesWhileNothingCounts) {
+TEST_F(EnforcementRestTest, theBrowserInFrontRefusesWhileNothingCountsComesToRest) {
     addEditorAndGame();
     addBrowser(chromeKind);
     answer(chromeKind, Denied{});
@@ -82,7 +82,7 @@ TEST_F(EnforcementRestTest, theBrowserInFrontRefusesWhileNothingCounts) {
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, theBrowserInFrontRefusesAndNothingElseIsAllowed) {
+TEST_F(EnforcementRestTest, theBrowserInFrontRefusesAndNothingElseIsAllowedComesToRest) {
     addEditorAndGame();
     addBrowser(chromeKind);
     answer(chromeKind, Denied{});
@@ -96,7 +96,7 @@ TEST_F(EnforcementRestTest, theBrowserInFrontRefusesAndNothingElseIsAllowed) {
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, theBrowserLastInFrontRefusesBehindTheProgramsOwnWindow) {
+TEST_F(EnforcementRestTest, theBrowserLastInFrontRefusesBehindTheProgramsOwnWindowComesToRest) {
     addEditorAndGame();
     addBrowser(chromeKind);
     startSession(profile(SessionMode::pomodoro, {chromeID}));
@@ -117,7 +117,7 @@ TEST_F(EnforcementRestTest, theBrowserLastInFrontRefusesBehindTheProgramsOwnWind
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, anAllowedApplicationAmongTheOnlyOnesBlocked) {
+TEST_F(EnforcementRestTest, anAllowedApplicationAmongTheOnlyOnesBlockedComesToRest) {
     setup.onlyBlock = AppPolicy::BundleIDs{gameID, editorID};
     addEditorAndGame();
     addApplication(mail, mailID, "Mail");
@@ -132,7 +132,7 @@ TEST_F(EnforcementRestTest, anAllowedApplicationAmongTheOnlyOnesBlocked) {
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, nothingButAnAllowedApplicationAmongTheOnlyOnesBlocked) {
+TEST_F(EnforcementRestTest, nothingButAnAllowedApplicationAmongTheOnlyOnesBlockedComesToRest) {
     setup.onlyBlock = AppPolicy::BundleIDs{editorID};
     addApplication(editor, editorID, "Editor");
     desktop().workspace.startInFront(editor);
@@ -147,7 +147,7 @@ TEST_F(EnforcementRestTest, nothingButAnAllowedApplicationAmongTheOnlyOnesBlocke
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, anAccessoryInFrontThatCannotBeHidden) {
+TEST_F(EnforcementRestTest, anAccessoryInFrontThatCannotBeHiddenComesToRest) {
     addEditorAndGame();
     desktop().workspace.add({20, "org.example.menu", "Menu", ActivationPolicy::accessory});
     launch();
@@ -160,7 +160,7 @@ TEST_F(EnforcementRestTest, anAccessoryInFrontThatCannotBeHidden) {
     expectRest();
 }
 
-TEST_F(EnforcementRestTest, aStubbornNewcomerThatComesBackAgainAndAgain) {
+TEST_F(EnforcementRestTest, aStubbornNewcomerThatComesBackAgainAndAgainComesToRest) {
     addEditorAndGame();
     startSession(profile(SessionMode::pomodoro));
     const std::int32_t pid = start("org.example.new", QuitManners::never);

@@ -91,6 +91,17 @@ void EngineTest::startSession(const Profile& profile) {
     advance(3);
 }
 
+void EngineTest::run(std::vector<Segment> plan, double elapsed) {
+    leaveSession(std::move(plan), elapsed);
+    launch();
+    forgetEvents();
+}
+
+void EngineTest::endEarly() {
+    controller().beginEmergencyExit();
+    controller().confirmEmergencyExit(reason);
+}
+
 std::vector<std::string> EngineTest::events(std::string_view name) const {
     std::vector<std::string> found;
     for (const auto& event : m_events) {

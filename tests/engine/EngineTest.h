@@ -23,13 +23,20 @@ protected:
     static constexpr std::int32_t game = 11;
     static constexpr std::int32_t chrome = 12;
     static constexpr std::int32_t finder = 13;
+    /// Stretches of one minute, for plans.
+    static constexpr Segment work{SegmentKind::work, 60};
+    static constexpr Segment shortRest{SegmentKind::shortBreak, 60};
+    static constexpr Segment longRest{SegmentKind::longBreak, 60};
+    static constexpr Segment lockedRest{SegmentKind::lockedBreak, 60};
+    /// Long enough for an early end.
+    static constexpr const char* reason = "enough for today";
 
     EngineTest();
 
     // The machine.
     SimulatedDesktop& desktop();
     void addApplication(std::int32_t pid, std::string_view bundleID, std::string_view name);
-    /// The editor in front, allowed by `profile`; the game, which is not; and optionally others of the constants above.
+    /// The editor in front, which `profile` allows, and the game, which it does not.
     void addEditorAndGame();
     void launch(LaunchedBy by = LaunchedBy::user) {
         scene().launch(by);
@@ -43,7 +50,7 @@ protected:
         desktop().workspace.activate(pid);
         settle();
     }
-    /// Starts an application; a process identifier of 0 means any.
+    /// Starts an application and tells its process identifier.
     std::int32_t start(std::string_view bundleID, QuitManners quits = QuitManners::politely, bool inFront = true);
     bool isHidden(std::int32_t pid);
     bool isRunning(std::int32_t pid) { return desktop().workspace.isRunning(pid); }
@@ -66,6 +73,12 @@ protected:
     ActiveSession leaveSession(std::vector<Segment> plan, double elapsed);
     /// Launches where nothing runs yet, starts a session of `profile` and lets the time pass in which nothing counts.
     void startSession(const Profile& profile);
+    /// A session of this plan, so many seconds after its start, taken up by a process whose launch is forgotten.
+    void run(std::vector<Segment> plan, double elapsed = 0);
+    /// Ends the session early, where `exitWaitOverride` lets that happen at once.
+    void endEarly();
+    /// The session that has ended last.
+    const SessionRecord& record() { return data().history()->front(); }
     /// Pushes against the lock with the game, so that a warning is up.
     void push() { activate(game); }
 

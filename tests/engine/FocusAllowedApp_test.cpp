@@ -318,5 +318,22 @@ TEST_F(FocusAllowedAppTest, withNoSessionNothingIsBroughtForward) {
     EXPECT_EQ(front(), game);
 }
 
+TEST_F(FocusAllowedAppTest, theProgramYieldsToAnApplicationBeforeItActivatesIt) {
+    addEditorAndGame();
+    startSession(profile(SessionMode::pomodoro));
+    push();
+    std::vector<std::int32_t> yielded;
+    std::optional<std::int32_t> frontMeanwhile;
+    program().application().onYield = [&](RunningApplication& other) {
+        yielded.push_back(other.processIdentifier());
+        frontMeanwhile = front();
+    };
+    desktop().workspace.leaveFront();
+    controller().returnToWork();
+    EXPECT_THAT(yielded, ElementsAre(editor));
+    EXPECT_EQ(frontMeanwhile, std::nullopt);
+    EXPECT_EQ(front(), editor);
+}
+
 } // namespace
 } // namespace velmorin

@@ -10,7 +10,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr auto sessionFile = SessionController::sessionFile;
-constexpr const char* reason = "enough for today";
 
 class OverlayTransitionTest : public EngineTest, public ::testing::WithParamInterface<std::size_t> {
 protected:
@@ -37,7 +36,6 @@ protected:
         launch();
         showScreen();
     }
-    const SessionRecord& record() { return data().history()->front(); }
 
     OverlayState before;
 };

@@ -9,7 +9,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr auto sessionFile = SessionController::sessionFile;
-constexpr const char* reason = "enough for today";
 
 class OverlayTest : public EngineTest {
 protected:
@@ -22,7 +21,6 @@ protected:
         controller().beginEmergencyExit();
     }
     Date waitUntil() { return std::get<Overlay::EmergencyExit>(overlay()).waitUntil; }
-    const SessionRecord& record() { return data().history()->front(); }
 };
 
 TEST_F(OverlayTest, theFirstAttemptBringsAWarningOfFiveSeconds) {
@@ -348,6 +346,24 @@ TEST_F(OverlayTest, aCrashDuringAnExitBringsTheSessionBackWithoutIt) {
     relaunch();
     EXPECT_TRUE(controller().isActive());
     EXPECT_TRUE(shows<Overlay::None>(overlay()));
+}
+
+TEST_F(OverlayTest, anExitAskedForAfterThePlanButBeforeTheNextTickIsACompletedSession) {
+    startSession(profile(SessionMode::deep));
+    const Date plannedEnd = session().plannedEnd();
+    desktop().time.setClock(4 * 3600);
+    controller().beginEmergencyExit();
+    EXPECT_EQ(record().outcome, SessionOutcome::completed);
+    EXPECT_EQ(record().endedAt, plannedEnd);
+    EXPECT_TRUE(shows<Overlay::Finished>(overlay()));
+}
+
+TEST_F(OverlayTest, anExitConfirmedAfterThePlanButBeforeTheNextTickEndsAtThatMoment) {
+    openExit(SessionMode::deep);
+    desktop().time.setClock(4 * 3600);
+    controller().confirmEmergencyExit(reason);
+    EXPECT_EQ(record().outcome, SessionOutcome::aborted);
+    EXPECT_EQ(record().endedAt, now());
 }
 
 } // namespace

@@ -74,7 +74,7 @@ const Row& rowOf(std::optional<SegmentKind> from, SegmentKind to) {
         rows(), [&](const Row& row) { return row.to == to && std::ranges::find(row.from, from) != row.from.end(); });
 }
 
-TEST_P(SegmentChangeTest, hasTheEffectsOfItsRow) {
+TEST_P(SegmentChangeTest, bringsItsSoundItsSuppressionItsScreenAndItsFocus) {
     const auto [from, to, screen] = GetParam();
     const Row& row = rowOf(from, to);
     change(from, to, screen);
@@ -111,11 +111,6 @@ INSTANTIATE_TEST_SUITE_P(Changes, SegmentChangeTest,
 class PlanTest : public EngineTest {
 protected:
     PlanTest() { addEditorAndGame(); }
-
-    void run(std::vector<Segment> plan) {
-        leaveSession(std::move(plan), 0);
-        launch();
-    }
 };
 
 TEST_F(PlanTest, aBreakIsAnnouncedByASoundAlone) {

@@ -14,7 +14,6 @@ using ::testing::Not;
 
 constexpr auto sessionFile = SessionController::sessionFile;
 constexpr auto historyFile = AppData::historyFile;
-constexpr const char* reason = "enough for today";
 
 class SessionEndTest : public EngineTest {
 protected:
@@ -32,7 +31,7 @@ protected:
         startSession(profile(SessionMode::pomodoro));
         forgetEvents();
     }
-    void abort() {
+    void endEarlyWithBlanks() {
         controller().beginEmergencyExit();
         controller().confirmEmergencyExit(std::string{"  "} + reason + " \n");
     }
@@ -43,7 +42,6 @@ protected:
         forgetEvents();
         advance(60);
     }
-    const SessionRecord& record() { return data().history()->front(); }
 };
 
 TEST_F(SessionEndTest, aPlanThatHasRunOutEndsTheSessionStepByStep) {
@@ -51,12 +49,11 @@ TEST_F(SessionEndTest, aPlanThatHasRunOutEndsTheSessionStepByStep) {
     advance(130 * 60 - 3.5);
     forgetEvents();
     const auto sessionWatch = controller().session().watch([this] { desktop().journal.tell("sessionGone"); });
-    const auto statusWatch = controller().status().watch([this] { desktop().journal.tell("statusGone"); });
+    const auto statusWatch = controller().status().watch([this] { desktop().journal.tell("status"); });
     advance(0.5);
-    // The last but one "statusGone" is the tick that finds the plan at its end.
-    EXPECT_THAT(eventNames(),
-                ElementsAre("statusGone", "sessionEnded", "save", "unhide", "remove", "watchdog", "shortcut",
-                            "sessionGone", "statusGone", "overlay", "sound", "log", "sessionChange", "tick"));
+    // The first "status" is the tick that finds the plan at its end.
+    EXPECT_THAT(eventNames(), ElementsAre("status", "sessionEnded", "save", "unhide", "remove", "watchdog", "shortcut",
+                                          "sessionGone", "status", "overlay", "sound", "log", "sessionChange", "tick"));
     EXPECT_EQ(saves(historyFile), 1U);
     EXPECT_THAT(events("remove"), ElementsAre(R"("file":"active-session.json")"));
     EXPECT_THAT(events("watchdog"), ElementsAre(R"("action":"remove","arguments":[])"));
@@ -109,7 +106,7 @@ TEST_F(SessionEndTest, theCallbackOfTheEndGetsTheFinalCounters) {
     controller().returnToWork();
     std::optional<ActiveSession> ended;
     controller().onSessionEnded = [&ended](const ActiveSession& session) { ended = session; };
-    abort();
+    endEarlyWithBlanks();
     ASSERT_TRUE(ended);
     EXPECT_EQ(ended->attempts, 1);
     EXPECT_EQ(ended->returns, 1);
@@ -122,7 +119,7 @@ TEST_F(SessionEndTest, theCountersGoIntoTheRecordAndTheLog) {
     controller().returnToWork();
     advance(3);
     push();
-    abort();
+    endEarlyWithBlanks();
     EXPECT_EQ(record().attempts, 2);
     EXPECT_EQ(record().returns, 1);
     EXPECT_EQ(log().back(), "session ended outcome=aborted attempts=2 returns=1");
@@ -158,7 +155,7 @@ TEST_F(SessionEndTest, aSessionEndedInItsLastBreakRecordsThePresentMoment) {
 TEST_F(SessionEndTest, anAbortedSessionEndsAtThePresentMomentWithTheTrimmedReason) {
     startSession(profile(SessionMode::deep));
     advance(100);
-    abort();
+    endEarlyWithBlanks();
     EXPECT_EQ(record().outcome, SessionOutcome::aborted);
     EXPECT_EQ(record().endedAt, startOfScene + 103.0);
     EXPECT_EQ(record().exitReason, reason);
@@ -167,16 +164,16 @@ TEST_F(SessionEndTest, anAbortedSessionEndsAtThePresentMomentWithTheTrimmedReaso
 TEST_F(SessionEndTest, theRecordKeepsTheIdentifierOfTheSession) {
     startSession(profile(SessionMode::deep));
     const UUID id = session().id;
-    abort();
+    endEarlyWithBlanks();
     EXPECT_EQ(record().id, id);
     EXPECT_EQ(record().intent, "write");
 }
 
 TEST_F(SessionEndTest, theNewestRecordComesFirst) {
     startSession(profile(SessionMode::deep));
-    abort();
+    endEarlyWithBlanks();
     startSession(profile(SessionMode::pomodoro));
-    abort();
+    endEarlyWithBlanks();
     ASSERT_EQ(data().history()->size(), 2U);
     EXPECT_EQ((*data().history())[0].mode, SessionMode::pomodoro);
     EXPECT_EQ((*data().history())[1].mode, SessionMode::deep);
@@ -191,7 +188,7 @@ TEST_F(SessionEndTest, whatWasHiddenIsShownAgainInItsOrder) {
     writeFile(sessionFile, *encodeJSON(left));
     launch();
     ASSERT_TRUE(isHidden(game));
-    abort();
+    endEarlyWithBlanks();
     EXPECT_THAT(events("unhide"), ElementsAre(R"("pid":20)", R"("pid":11)", R"("pid":21)"));
     EXPECT_FALSE(isHidden(game));
 }
@@ -199,7 +196,7 @@ TEST_F(SessionEndTest, whatWasHiddenIsShownAgainInItsOrder) {
 TEST_F(SessionEndTest, whatHasQuitSinceIsNotShownAgain) {
     startSession(profile(SessionMode::deep));
     desktop().workspace.quit(game);
-    abort();
+    endEarlyWithBlanks();
     EXPECT_THAT(events("unhide"), IsEmpty());
     EXPECT_FALSE(controller().isActive());
 }
@@ -211,7 +208,7 @@ TEST_F(SessionEndTest, theEndForgetsWhatBelongedToTheSession) {
     start("org.example.newcomer", QuitManners::never);
     EXPECT_THAT(controller().deniedBrowsers(), Not(IsEmpty()));
     EXPECT_THAT(controller().terminateRetries(), Not(IsEmpty()));
-    abort();
+    endEarlyWithBlanks();
     EXPECT_FALSE(*controller().session());
     EXPECT_FALSE(*controller().status());
     EXPECT_EQ(controller().lastSegmentIndex(), std::nullopt);
@@ -225,7 +222,7 @@ TEST_F(SessionEndTest, theEndKeepsTheSuppressionTheLastAllowedApplicationAndTheT
     controller().returnToWork();
     const Date suppressed = controller().suppressAttemptsUntil();
     EXPECT_EQ(suppressed, startOfScene + 5.0);
-    abort();
+    endEarlyWithBlanks();
     EXPECT_EQ(controller().suppressAttemptsUntil(), suppressed);
     EXPECT_EQ(controller().lastAllowedBundleID(), "org.example.editor");
     EXPECT_EQ(controller().tickCount(), 4);
@@ -233,7 +230,7 @@ TEST_F(SessionEndTest, theEndKeepsTheSuppressionTheLastAllowedApplicationAndTheT
 
 TEST_F(SessionEndTest, nothingTicksOrListensAfterTheEnd) {
     startSession(profile(SessionMode::deep));
-    abort();
+    endEarlyWithBlanks();
     EXPECT_EQ(desktop().time.nextDeadline(), std::nullopt);
     const auto before = files.contents;
     forgetEvents();
@@ -248,7 +245,7 @@ TEST_F(SessionEndTest, nothingTicksOrListensAfterTheEnd) {
 TEST_F(SessionEndTest, aNotificationUnderWayAtTheEndIsNotHeard) {
     startSession(profile(SessionMode::deep));
     desktop().workspace.activate(game); // announced once the present work is done
-    abort();
+    endEarlyWithBlanks();
     settle();
     EXPECT_EQ(record().attempts, 0);
     EXPECT_FALSE(isHidden(game));
@@ -302,7 +299,7 @@ TEST_F(SessionEndTest, aChangeThatCannotBeSavedLeavesTheLastOneThatCould) {
 TEST_F(SessionEndTest, aSessionEndsAlsoWhereItsRecordCannotBeSaved) {
     runWithShortcuts();
     desktop().disk.isFull = true;
-    abort();
+    endEarlyWithBlanks();
     EXPECT_FALSE(controller().isActive());
     EXPECT_EQ(file(historyFile), std::nullopt);
     EXPECT_EQ(file(sessionFile), std::nullopt);

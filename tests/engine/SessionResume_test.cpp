@@ -9,10 +9,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr auto sessionFile = SessionController::sessionFile;
-constexpr Segment work{SegmentKind::work, 60};
-constexpr Segment lockedRest{SegmentKind::lockedBreak, 60};
-constexpr Segment shortRest{SegmentKind::shortBreak, 60};
-constexpr Segment longRest{SegmentKind::longBreak, 60};
 
 class SessionResumeTest : public EngineTest {
 protected:
@@ -27,7 +23,6 @@ protected:
         leaveSession({work}, 60 + seconds);
         launch();
     }
-    const SessionRecord& record() { return data().history()->front(); }
 };
 
 TEST_F(SessionResumeTest, aSessionIsTakenUpInWork) {
@@ -284,6 +279,17 @@ TEST_F(SessionResumeTest, unknownKeysAndAnotherOrderDoNoHarm) {
     relaunch();
     ASSERT_TRUE(controller().isActive());
     EXPECT_EQ(session().id, left.id);
+}
+
+TEST_F(SessionResumeTest, aPlanThatRunsOutWhileTheWatchdogIsInstalledIsNoResumedSession) {
+    leaveSession({Segment{SegmentKind::work, 60}}, 59);
+    desktop().serviceManager.whileInstalling = [this] { desktop().time.setClock(2); };
+    launch();
+    EXPECT_FALSE(controller().isActive());
+    EXPECT_TRUE(shows<Overlay::Finished>(overlay()));
+    EXPECT_EQ(data().history()->size(), 1U);
+    EXPECT_EQ(log().back(), "session ended outcome=completed attempts=0 returns=0");
+    EXPECT_TRUE(events("sessionBegan").empty());
 }
 
 } // namespace

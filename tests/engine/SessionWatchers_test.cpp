@@ -11,9 +11,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr auto sessionFile = SessionController::sessionFile;
-constexpr const char* reason = "enough for today";
-constexpr Segment work{SegmentKind::work, 60};
-constexpr Segment longRest{SegmentKind::longBreak, 60};
 
 class SessionWatchersTest : public EngineTest {
 protected:
@@ -23,15 +20,6 @@ protected:
         addEditorAndGame();
     }
 
-    void run(std::vector<Segment> plan, double elapsed = 0) {
-        leaveSession(std::move(plan), elapsed);
-        launch();
-        forgetEvents();
-    }
-    void abort() {
-        controller().beginEmergencyExit();
-        controller().confirmEmergencyExit(reason);
-    }
     /// One minute of work and nothing else.
     static Profile shortSession() {
         Profile made = profile(SessionMode::deep);
@@ -57,7 +45,7 @@ TEST_F(SessionWatchersTest, watchersOfTheSessionHearOfItsStartItsCountersAndItsE
     EXPECT_EQ(changes, 3);
     controller().returnToWork();
     EXPECT_EQ(changes, 4);
-    abort();
+    endEarly();
     EXPECT_EQ(changes, 5);
 }
 
@@ -124,7 +112,7 @@ TEST_F(SessionWatchersTest, theCallbackHearsOfAnOverlayThatIsStored) {
     EXPECT_THAT(isStored, ElementsAre(true, true));
 }
 
-TEST_F(SessionWatchersTest, theOverlayThatACallbackIsToldStaysWhatItIsWhenTheCallbackPutsItDown) {
+TEST_F(SessionWatchersTest, theCallbackHearsOfWhatItAssignsItselfOnceTheOperationIsOver) {
     run({work});
     std::vector<std::string> told;
     controller().onOverlayChange = [&](const OverlayState& state) {
@@ -132,8 +120,20 @@ TEST_F(SessionWatchersTest, theOverlayThatACallbackIsToldStaysWhatItIsWhenTheCal
         told.emplace_back(name(state));
     };
     controller().beginEmergencyExit();
-    EXPECT_THAT(told, ElementsAre("none", "emergencyExit"));
+    EXPECT_THAT(told, ElementsAre("emergencyExit"));
+    settle();
+    EXPECT_THAT(told, ElementsAre("emergencyExit", "none"));
     EXPECT_TRUE(shows<Overlay::None>(overlay()));
+}
+
+TEST_F(SessionWatchersTest, theCallbackHearsOfEachValueAlsoWhereAWatcherAssignsAnother) {
+    run({work});
+    std::vector<std::string> told;
+    controller().onOverlayChange = [&](const OverlayState& state) { told.emplace_back(name(state)); };
+    const auto watch = controller().overlay().watch([this] { controller().setOverlay(Overlay::None{}); });
+    controller().beginEmergencyExit();
+    settle();
+    EXPECT_THAT(told, ElementsAre("emergencyExit", "none", "none"));
 }
 
 TEST_F(SessionWatchersTest, theCallbacksOfAStartComeInTheirOrder) {
@@ -160,7 +160,7 @@ TEST_F(SessionWatchersTest, aSessionRunsWithoutAnyCallback) {
     startSession(profile(SessionMode::pomodoro));
     push();
     quiet.returnToWork();
-    abort();
+    endEarly();
     EXPECT_EQ(data().history()->front().returns, 1);
 }
 
@@ -174,7 +174,7 @@ TEST_F(SessionWatchersTest, aWatcherOfTheStatusMayEndTheSession) {
     EXPECT_FALSE(*controller().status());
     EXPECT_EQ(controller().lastSegmentIndex(), std::nullopt);
     EXPECT_EQ(data().history()->size(), 1U);
-    EXPECT_THAT(events("tick").size(), 1U);
+    EXPECT_EQ(events("tick").size(), 2U); // the tick's own, and that of the end
     EXPECT_EQ(desktop().time.nextDeadline(), std::nullopt);
 }
 
@@ -184,8 +184,49 @@ TEST_F(SessionWatchersTest, theCallbackOfTheOverlayMayEndTheSessionWhoseSegmentC
     advance(1);
     EXPECT_FALSE(controller().isActive());
     EXPECT_EQ(controller().lastSegmentIndex(), std::nullopt);
-    EXPECT_EQ(events("tick").size(), 1U);
+    EXPECT_EQ(events("tick").size(), 2U);
     EXPECT_EQ(data().history()->size(), 1U);
+}
+
+TEST_F(SessionWatchersTest, aSessionThatAWatcherEndsAsItBeginsIsOverAsAWhole) {
+    launch();
+    const auto watch = controller().session().watch([this] {
+        if (!controller().isActive()) return;
+        endEarly();
+    });
+    controller().start(profile(SessionMode::pomodoro), "write");
+    settle();
+    EXPECT_FALSE(controller().isActive());
+    EXPECT_EQ(data().history()->size(), 1U);
+    EXPECT_FALSE(desktop().serviceManager.job);
+    EXPECT_FALSE(file(sessionFile));
+    EXPECT_EQ(desktop().time.nextDeadline(), std::nullopt);
+    EXPECT_EQ(events("sessionBegan").size(), 1U);
+    EXPECT_EQ(events("sessionEnded").size(), 1U);
+}
+
+TEST_F(SessionWatchersTest, aSessionThatIsEndedAsItEndsBecomesOneRecord) {
+    run({work, longRest}, 59);
+    controller().onSessionEnded = [this](const ActiveSession&) { controller().beginEmergencyExit(); };
+    advance(1); // no work is left
+    controller().beginEmergencyExit();
+    settle();
+    EXPECT_FALSE(controller().isActive());
+    EXPECT_EQ(data().history()->size(), 1U);
+}
+
+TEST_F(SessionWatchersTest, anAttemptWhoseWatcherEndsTheSessionLeavesNoWarning) {
+    startSession(profile(SessionMode::pomodoro));
+    const auto watch = controller().session().watch([this] {
+        if (!controller().isActive()) return;
+        endEarly();
+    });
+    start("org.example.newcomer");
+    EXPECT_FALSE(controller().isActive());
+    EXPECT_TRUE(shows<Overlay::None>(overlay()));
+    EXPECT_TRUE(controller().terminateRetries().empty());
+    EXPECT_FALSE(isHidden(game));
+    EXPECT_EQ(data().history()->front().attempts, 1);
 }
 
 TEST_F(SessionWatchersTest, theCallbackOfTheOverlayMayPutAShorterSessionInThePlaceOfAnother) {
@@ -222,11 +263,11 @@ TEST_F(SessionWatchersTest, theSessionThatComesInThePlaceOfAnotherDuringItsTickI
     EXPECT_EQ(log().back(), "session started mode=deep segments=1");
 }
 
-/// Where a session can be started from, and what comes of it at the start and at the end of another one.
+/// Where a session can be started from.
 struct Place {
     const char* name;
     Cancellable (*arm)(SessionController& controller, std::function<void()> call);
-    bool startsAtTheEnd; ///< the other session is gone by then
+    bool isReachedAtTheStart; ///< of another session
 };
 
 /// Adds a call to a callback.
@@ -259,6 +300,7 @@ TEST_P(StartFromInsideTest, doesNothingWhileAnotherComesUp) {
     const auto armed = startThere();
     controller().start(profile(SessionMode::pomodoro), "write");
     settle();
+    ASSERT_EQ(isDone(), GetParam().isReachedAtTheStart);
     EXPECT_EQ(session().intent, "write");
     EXPECT_EQ(events("sessionBegan").size(), 1U);
     advance(10);
@@ -266,18 +308,13 @@ TEST_P(StartFromInsideTest, doesNothingWhileAnotherComesUp) {
     EXPECT_EQ(*stored<ActiveSession>(sessionFile), session());
 }
 
-TEST_P(StartFromInsideTest, doesNoHarmAtTheEndOfAnother) {
+TEST_P(StartFromInsideTest, waitsForTheEndOfAnother) {
     run({work}, 59);
     const auto armed = startThere();
     advance(1);
-    settle();
     ASSERT_TRUE(isDone());
     EXPECT_EQ(data().history()->size(), 1U);
-    ASSERT_EQ(controller().isActive(), GetParam().startsAtTheEnd);
-    if (!controller().isActive()) {
-        EXPECT_EQ(desktop().time.nextDeadline(), std::nullopt);
-        return;
-    }
+    ASSERT_TRUE(controller().isActive());
     EXPECT_EQ(session().intent, "from inside");
     ASSERT_TRUE(*controller().status());
     EXPECT_EQ(controller().lastSegmentIndex(), 0);
@@ -296,7 +333,7 @@ INSTANTIATE_TEST_SUITE_P(
     Places, StartFromInsideTest,
     ::testing::Values(
         Place{"onOverlayChange",
-              [](SessionController& controller, auto call) { return add(controller.onOverlayChange, call); }, true},
+              [](SessionController& controller, auto call) { return add(controller.onOverlayChange, call); }, false},
         Place{"onSessionChange",
               [](SessionController& controller, auto call) { return add(controller.onSessionChange, call); }, true},
         Place{"onTick", [](SessionController& controller, auto call) { return add(controller.onTick, call); }, true},
@@ -305,9 +342,9 @@ INSTANTIATE_TEST_SUITE_P(
         Place{"aWatcherOfTheSession",
               [](SessionController& controller, auto call) { return controller.session().watch(call); }, true},
         Place{"aWatcherOfTheStatus",
-              [](SessionController& controller, auto call) { return controller.status().watch(call); }, false},
+              [](SessionController& controller, auto call) { return controller.status().watch(call); }, true},
         Place{"aWatcherOfTheOverlay",
-              [](SessionController& controller, auto call) { return controller.overlay().watch(call); }, true}),
+              [](SessionController& controller, auto call) { return controller.overlay().watch(call); }, false}),
     [](const auto& test) { return std::string{test.param.name}; });
 
 } // namespace

@@ -10,27 +10,12 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-constexpr const char* reason = "enough for today";
-constexpr Segment work{SegmentKind::work, 60};
-constexpr Segment shortRest{SegmentKind::shortBreak, 60};
-constexpr Segment lockedRest{SegmentKind::lockedBreak, 60};
-
 class UnattendedSessionTest : public EngineTest {
 protected:
     explicit UnattendedSessionTest(bool isUnattended = true) {
         setup.autoReturnFromWarnings = isUnattended;
         setup.exitWaitOverride = 0;
         addEditorAndGame();
-    }
-
-    void run(std::vector<Segment> plan) {
-        leaveSession(std::move(plan), 0);
-        launch();
-        forgetEvents();
-    }
-    void abort() {
-        controller().beginEmergencyExit();
-        controller().confirmEmergencyExit(reason);
     }
 };
 
@@ -115,7 +100,7 @@ TEST_F(UnattendedSessionTest, theProcessEndsTwoSecondsAfterASession) {
 
 TEST_F(UnattendedSessionTest, theProcessEndsAfterAnEarlyEndToo) {
     startSession(profile(SessionMode::deep));
-    abort();
+    endEarly();
     advance(1.75);
     EXPECT_NE(scene().program(), nullptr);
     advance(0.25);
@@ -131,7 +116,7 @@ TEST_F(UnattendedSessionTest, theProcessEndsAfterASessionThatRanOutWhileItWasAwa
 
 TEST_F(UnattendedSessionTest, theNextSessionKeepsTheProcess) {
     startSession(profile(SessionMode::deep));
-    abort();
+    endEarly();
     controller().start(profile(SessionMode::deep), "again");
     advance(10);
     ASSERT_NE(scene().program(), nullptr);
@@ -188,7 +173,7 @@ TEST_F(DeadProcessTest, aReturnFromABreakThatWouldComeByItselfIsSilent) {
 
 TEST_F(DeadProcessTest, theEndOfTheProcessThatWouldComeByItselfIsSilent) {
     startSession(profile(SessionMode::deep));
-    abort();
+    endEarly();
     expectSilenceAfterCrash();
 }
 

@@ -30,7 +30,7 @@ BAD_SETUPS = [
     ('{"setup":{"now":"today"}}', '"now" is malformed'),
     ('{"setup":{"timeZone":"Nowhere/AtAll"}}', '"timeZone"'),
     ('{"setup":{"timeZone":1}}', '"timeZone" is malformed'),
-    ('{"setup":{"language":"tlh"}}', '"language" is malformed'),
+    ('{"setup":{"language":7}}', '"language" is malformed'),
     ('{"setup":{"settings":5}}', "set of settings"),
     ('{"setup":{"settings":{"lockPhoneToo":"yes"}}}', "set of settings"),
     ('{"setup":{"files":[]}}', '"files" is not an object'),

@@ -112,6 +112,10 @@ class SetupTest(unittest.TestCase):
         self.assertEqual(names(play(setup={"launch": "user"})), ["remove", "watchdog"])
         self.assertEqual(names(play(setup={"launch": "watchdog"})), ["remove", "watchdog", "terminateApplication"])
         self.assertEqual(play(setup={"launch": "none"}), [])
+        world = [{"do": "disk", "full": True}, {"do": "relay", "up": False},
+                 {"do": "browser", "kind": "chrome", "answers": "denied"}]
+        self.assertEqual(play(*world, setup={"launch": "none"}), [])
+        self.assertEqual(names(play({"do": "crash"}, *world))[-3:], ["ignored"] * 3)
         self.assertEqual(names(play({"do": "addThought", "text": "x"}, {"do": "relaunch"}, setup={"launch": "none"})),
                          ["ignored", "remove", "watchdog"])
 

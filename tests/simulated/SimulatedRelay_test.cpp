@@ -123,7 +123,7 @@ TEST_F(SimulatedRelayTest, anyLineCanBeSent) {
 }
 
 TEST_F(SimulatedRelayTest, postsAndStreamsAreEventsWithWhatWasSealedOpenedAgain) {
-    relay.opener = [](std::string_view sealed) -> std::optional<std::string> {
+    relay.opener = [](const std::string&, std::string_view sealed) -> std::optional<std::string> {
         return sealed == "good" ? std::optional{std::string{R"({"type":"end"})"}} : std::nullopt;
     };
     const auto stream = listen("statuses");

@@ -138,6 +138,20 @@ TEST_F(VirtualTimeTest, aTimerThatFallsOnTheWakingFires) {
     EXPECT_THAT(notes, ElementsAre(Pair("timer", 3.0)));
 }
 
+TEST_F(VirtualTimeTest, aTimerWithoutADelayComesAfterThoseThatAreOverdue) {
+    const auto overdue = time.after(2, noting("overdue"));
+    const auto first = time.after(1, [&] { time.after(0, noting("at once")).detach(); });
+    time.sleep(5);
+    EXPECT_THAT(notes, ElementsAre(Pair("overdue", 5.0), Pair("at once", 5.0)));
+}
+
+TEST_F(VirtualTimeTest, whatIsPostedNextComesBeforeWhatIsPosted) {
+    time.post(noting("posted")).detach();
+    time.postNext(noting("next"));
+    time.settle();
+    EXPECT_THAT(words(), ElementsAre("next", "posted"));
+}
+
 TEST_F(VirtualTimeTest, settingTheClockMovesTheDateOnly) {
     const auto timer = time.after(5, noting("timer"));
     time.setClock(-3600);
@@ -165,9 +179,9 @@ TEST_F(VirtualTimeTest, postedCallsComeAtTheSameMomentInTheirOrderBeforeAnyTimer
         notes.emplace_back("call", time.elapsed());
     });
     time.advance(1);
-    EXPECT_THAT(words(), ElementsAre("call", "posted", "after zero", "after less", "last", "called forth", "timer",
+    EXPECT_THAT(words(), ElementsAre("call", "posted", "last", "called forth", "after zero", "after less", "timer",
                                      "same moment"));
-    EXPECT_THAT(notes[5], Pair("called forth", 0.5));
+    EXPECT_THAT(notes[5], Pair("after less", 0.5));
 }
 
 TEST_F(VirtualTimeTest, whatATimerPostsComesBeforeTheNextTimerOfTheSameMoment) {

@@ -77,7 +77,7 @@ private:
     void lookAtSession();
     void compareSession(const ActiveSession& before, const ActiveSession& after);
     void lookAtSuppression();
-    void countAttempt(const ActiveSession& after);
+    void countAttempt();
     void ticked(const SimulatedEvent& event);
     void sounded(const SimulatedEvent& event);
     void logged(const SimulatedEvent& event);

@@ -42,7 +42,7 @@ void Invariants::lookAtSession() {
 void Invariants::compareSession(const ActiveSession& before, const ActiveSession& after) {
     if (after.attempts != before.attempts) {
         require(after.attempts == before.attempts + 1, Invariant::attemptsRiseByOne, "more than one at once, or fewer");
-        countAttempt(after);
+        countAttempt();
     }
     if (after.returns != before.returns) {
         require(after.returns == before.returns + 1 && shows<Overlay::Warning>(*controller().overlay()),
@@ -62,7 +62,7 @@ void Invariants::compareSession(const ActiveSession& before, const ActiveSession
 }
 
 // Seen at the save, which comes between the count and the overlay.
-void Invariants::countAttempt(const ActiveSession&) {
+void Invariants::countAttempt() {
     require(shows<Overlay::None>(*controller().overlay()), Invariant::attemptsRiseByOne, "counted under a screen");
     require(now() >= controller().suppressAttemptsUntil(), Invariant::suppressedIsNotCounted, "counted too soon");
     require(isLocked(), Invariant::attemptsRiseByOne, "counted while nothing is locked");

@@ -140,7 +140,7 @@ WalkStep WalkGenerator::advance(Scene& scene) {
     // Long stretches are dear, and most of what can go wrong does so within seconds.
     const double seconds =
         m_random.isWithin(1)
-            ? m_random.pick({600.0, 1800.0, 7200.0})
+            ? m_random.pick({300.0, 300.0, 600.0, 3600.0})
             : m_random.pick({0.0, 0.1, 0.25, 0.5, 0.75, 1.0, 1.0, 2.0, 2.5, 3.0, 3.0, 4.0, 6.0, 8.0, 15.0, 31.0, 61.0});
     return {"advance", WalkStep::Number{"seconds", seconds}, {}};
 }

@@ -3,8 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <string>
-#include <string_view>
 
 namespace velmorin {
 

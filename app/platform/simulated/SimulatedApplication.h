@@ -23,12 +23,15 @@ public:
     void terminate() override {
         if (onTerminate) onTerminate();
     }
-    void yieldActivation(RunningApplication&) override {}
+    void yieldActivation(RunningApplication& other) override {
+        if (onYield) onYield(other);
+    }
     Cancellable observePowerOff(std::function<void()> call) override { return m_powerOff.add(std::move(call)); }
 
     // The control side.
 
-    std::function<void()> onTerminate; ///< the program asks to end
+    std::function<void()> onTerminate;                ///< the program asks to end
+    std::function<void(RunningApplication&)> onYield; ///< the program lets another application take the front
     void announcePowerOff() { m_powerOff.notify(); }
 
 private:

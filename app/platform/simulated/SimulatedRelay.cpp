@@ -37,7 +37,7 @@ Cancellable SimulatedRelay::post(const std::string& url, const std::string& body
         output.key("topic");
         output.write(topic);
         output.key("message");
-        const auto message = opener ? opener(body) : std::nullopt;
+        const auto message = opener ? opener(topic, body) : std::nullopt;
         output.writeJSON(message.value_or("null"));
     });
     if (m_isUp) publish(topic, body);

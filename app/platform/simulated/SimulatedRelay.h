@@ -17,8 +17,9 @@ namespace velmorin {
 /// messages since a given one. Everything arrives at the moment it is sent.
 class SimulatedRelay final : public RelayTransport {
 public:
-    /// Opens a sealed message of the program for the journal, as its phone could: a JSON text; absent when it cannot.
-    using Opener = std::function<std::optional<std::string>(std::string_view sealed)>;
+    /// Opens a sealed message of the program for the journal, as the phone that listens to the topic could: a JSON
+    /// text; absent when it cannot.
+    using Opener = std::function<std::optional<std::string>(const std::string& topic, std::string_view sealed)>;
 
     /// Both must outlive this.
     SimulatedRelay(VirtualTime& time, const Journal& journal) : m_time{time}, m_journal{journal} {}

@@ -23,6 +23,7 @@ void SimulatedShortcuts::run(const std::string& name) {
 void SimulatedServiceManager::install(const std::vector<std::string>& launchArguments) {
     job = launchArguments;
     tell("install", launchArguments);
+    if (whileInstalling) whileInstalling();
 }
 
 void SimulatedServiceManager::remove() {

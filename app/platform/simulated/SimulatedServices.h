@@ -7,6 +7,7 @@
 #include "app/seams/Sounds.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,8 +42,10 @@ public:
     void install(const std::vector<std::string>& launchArguments) override;
     void remove() override;
 
-    /// The control side: the arguments of the job; absent without one.
-    std::optional<std::vector<std::string>> job;
+    // The control side.
+
+    std::optional<std::vector<std::string>> job; ///< its arguments; absent without one
+    std::function<void()> whileInstalling;       ///< called each time, so that something can happen meanwhile
 
 private:
     void tell(std::string_view action, const std::vector<std::string>& arguments) const;

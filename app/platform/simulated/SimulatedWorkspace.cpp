@@ -125,6 +125,11 @@ void SimulatedWorkspace::quit(std::int32_t pid) {
     if (const auto process = find(pid)) end(process);
 }
 
+void SimulatedWorkspace::announceUnknown() {
+    announce(m_launchObservers, nullptr);
+    announce(m_activationObservers, nullptr);
+}
+
 std::vector<SimulatedApplicationInfo> SimulatedWorkspace::list() const {
     std::vector<SimulatedApplicationInfo> infos;
     std::ranges::transform(m_processes, std::back_inserter(infos), [](const auto& process) { return process->info; });

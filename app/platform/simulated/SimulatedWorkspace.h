@@ -71,6 +71,8 @@ public:
     void activate(std::int32_t pid);
     void unhide(std::int32_t pid);
     void quit(std::int32_t pid);
+    /// Something starts and comes to the front of which the system cannot tell what it is.
+    void announceUnknown();
     /// Takes the front away from everybody.
     void leaveFront() { m_front.reset(); }
     /// All applications as they are, in the order of their start.

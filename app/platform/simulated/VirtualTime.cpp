@@ -13,8 +13,8 @@ constexpr int tooManyCalls = 100'000;
 } // namespace
 
 Cancellable VirtualTime::after(double seconds, std::function<void()> call) {
-    if (!(seconds > 0)) return post(std::move(call));
-    return schedule(m_elapsed + seconds, {std::move(call), std::nullopt, ++m_state->count});
+    const double delay = seconds > 0 ? seconds : 0;
+    return schedule(m_elapsed + delay, {std::move(call), std::nullopt, ++m_state->count});
 }
 
 Cancellable VirtualTime::every(double seconds, std::function<void()> call) {
@@ -50,13 +50,26 @@ std::optional<double> VirtualTime::nextDeadline() const {
     return m_state->timers.empty() ? std::nullopt : std::optional{m_state->timers.begin()->first.first};
 }
 
+void VirtualTime::postNext(std::function<void()> call) {
+    m_state->posted.emplace_front(++m_state->count, std::move(call));
+}
+
 void VirtualTime::settle() {
-    for (int calls = 0; !m_state->posted.empty(); ++calls) {
+    for (int calls = 0; makeNextCall(m_elapsed); ++calls) {
         if (calls == tooManyCalls) throw std::runtime_error{"the desktop does not come to rest"};
+    }
+}
+
+bool VirtualTime::makeNextCall(double moment) {
+    if (!m_state->posted.empty()) {
         const auto call = std::move(m_state->posted.front().second);
         m_state->posted.pop_front();
         call();
+        return true;
     }
+    if (m_state->timers.empty() || m_state->timers.begin()->first.first > moment) return false;
+    fireNext();
+    return true;
 }
 
 void VirtualTime::sleep(double seconds) {
@@ -66,18 +79,15 @@ void VirtualTime::sleep(double seconds) {
 }
 
 void VirtualTime::advanceUntil(double moment) {
-    settle();
-    while (!m_state->timers.empty() && m_state->timers.begin()->first.first <= moment)
-        fireNext();
+    // Rest is asked for moment by moment: only calls at one and the same can be without end.
+    for (settle(); nextDeadline() && *nextDeadline() <= moment; settle())
+        m_elapsed = std::max(m_elapsed, *nextDeadline());
     m_elapsed = moment;
 }
 
 void VirtualTime::fireNext() {
     auto node = m_state->timers.extract(m_state->timers.begin());
-    const double deadline = node.key().first;
     Timer timer = std::move(node.mapped());
-    // Later than the deadline only after a sleep.
-    m_elapsed = std::max(m_elapsed, deadline);
     const auto call = timer.call;
     if (timer.period) {
         const double next = m_elapsed + *timer.period;
@@ -86,7 +96,6 @@ void VirtualTime::fireNext() {
         m_state->places.erase(timer.number);
     }
     call();
-    settle();
 }
 
 } // namespace velmorin

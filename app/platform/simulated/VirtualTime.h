@@ -26,6 +26,8 @@ public:
 
     /// Has a call made once the present one has ended, before any timer. What arises then is delivered in this order.
     Cancellable post(std::function<void()> call);
+    /// The same, before everything else that is posted.
+    void postNext(std::function<void()> call);
 
     // The control side.
 
@@ -33,7 +35,8 @@ public:
     double elapsed() const { return m_elapsed; }
     /// The moment, in seconds since the start, at which the next timer is due; absent without timers.
     std::optional<double> nextDeadline() const;
-    /// Makes the calls that are posted, until none is left. Throws std::runtime_error when they find no end.
+    /// Makes the calls that are posted and fires the timers that are due, until none is left. Throws std::runtime_error
+    /// when they find no end.
     void settle();
     /// Lets time pass, firing every timer on its way.
     void advance(double seconds) { advanceUntil(m_elapsed + seconds); }
@@ -62,6 +65,7 @@ private:
 
     Cancellable schedule(double deadline, Timer timer);
     void place(double deadline, Timer timer);
+    bool makeNextCall(double moment);
     void fireNext();
 
     Date m_start;

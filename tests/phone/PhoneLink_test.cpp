@@ -1,7 +1,7 @@
 #include "app/phone/PhoneLink.h"
 
 #include "core/store/PosixFiles.h"
-#include "tests/engine/PhoneLinkTest.h"
+#include "tests/phone/PhoneLinkTest.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 

@@ -1,4 +1,4 @@
-#include "tests/engine/PhoneLinkTest.h"
+#include "tests/phone/PhoneLinkTest.h"
 
 namespace velmorin {
 namespace {
