@@ -20,6 +20,7 @@ constexpr double changeVolume = 0.4;
 
 std::vector<std::string> bundleIDs(const std::vector<AllowedApp>& apps) {
     std::vector<std::string> identifiers;
+    identifiers.reserve(apps.size());
     for (const auto& app : apps)
         identifiers.push_back(app.bundleID);
     return identifiers;

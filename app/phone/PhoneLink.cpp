@@ -43,7 +43,7 @@ std::string urlOf(const std::string& topic) {
 } // namespace
 
 PhoneLink::PhoneLink(const JSONStore& store, Log log, Seams seams)
-    : m_store{store}, m_log{std::move(log)}, m_saved{store.load<Saved>(fileName)}, m_seams{seams} {
+    : m_store{store}, m_log{std::move(log)}, m_saved{store.load<SavedPairing>(fileName)}, m_seams{seams} {
     if (m_saved) m_pairingState.set(m_saved->isConfirmed ? PairingState::paired : PairingState::waitingForPhone);
 }
 
@@ -60,7 +60,7 @@ std::optional<std::string> PhoneLink::pairingURI() const {
 }
 
 void PhoneLink::beginPairing() {
-    m_saved = Saved{};
+    m_saved = SavedPairing{};
     m_saved->pairing = PhonePairing::generate([this](std::size_t count) { return m_seams.random.bytes(count); });
     persist();
     m_pairingState.set(PairingState::waitingForPhone);

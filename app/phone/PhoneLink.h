@@ -45,6 +45,18 @@ constexpr std::array<std::string_view, 6> rawValues(LockState) {
     return {"idle", "sending", "locked", "noAnswer", "releasedByPhone", "needsSetup"};
 }
 
+/// What a pairing leaves on the disk.
+struct SavedPairing {
+    PhonePairing pairing;
+    bool isConfirmed = false;                 ///< the phone has said hello at least once
+    std::optional<std::string> lastMessageID; ///< the relay's name of the last message that came
+};
+
+constexpr auto fields(std::type_identity<SavedPairing>) {
+    return std::tuple{field("pairing", &SavedPairing::pairing), field("isConfirmed", &SavedPairing::isConfirmed),
+                      field("lastMessageID", &SavedPairing::lastMessageID)};
+}
+
 /// The live connection to a paired phone, over a public relay that reads nothing of it. A session here can lock the
 /// phone, never the reverse. Its requests go on by themselves; a failed one is tried again. Main thread.
 class PhoneLink {
@@ -93,16 +105,6 @@ public:
     std::function<void()> onPaired;                     ///< the phone has said hello
 
 private:
-    struct Saved {
-        PhonePairing pairing;
-        bool isConfirmed = false;                 ///< the phone has said hello at least once
-        std::optional<std::string> lastMessageID; ///< the relay's name of the last message that came
-    };
-    friend constexpr auto fields(std::type_identity<Saved>) {
-        return std::tuple{field("pairing", &Saved::pairing), field("isConfirmed", &Saved::isConfirmed),
-                          field("lastMessageID", &Saved::lastMessageID)};
-    }
-
     void persist() const;
     void listen();
     void receive(const std::string& text, const std::string& messageID);
@@ -118,7 +120,7 @@ private:
     Observable<LockState> m_lockState{LockState::idle};
     const JSONStore& m_store;
     Log m_log;
-    std::optional<Saved> m_saved;
+    std::optional<SavedPairing> m_saved;
     Cancellable m_listener;
     Cancellable m_sender;
     Cancellable m_answerWatch;

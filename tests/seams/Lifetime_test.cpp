@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -91,6 +92,14 @@ TEST(LifetimeTest, argumentsArePassedOnAsTheyCame) {
     ASSERT_NE(taken, nullptr);
     EXPECT_EQ(*taken, 7);
     EXPECT_EQ(counted, 1);
+}
+
+TEST(LifetimeDeathTest, aCallOnAnotherThreadThanTheOwnersIsAMistakeThatShows) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    std::vector<std::string> heard;
+    const Owner owner{heard};
+    const auto call = owner.listener();
+    EXPECT_DEBUG_DEATH((std::thread{[&call] { call("from elsewhere"); }}.join()), "thread");
 }
 
 } // namespace

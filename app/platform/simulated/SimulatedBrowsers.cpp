@@ -75,23 +75,25 @@ void SimulatedBrowsers::listTabs(BrowserKind kind, double timeout, Completion co
 void SimulatedBrowsers::blankTab(BrowserKind kind, const std::string& windowID, double timeout, Completion completion) {
     tellScript(kind, timeout, "blankTab", &windowID);
     const double delay = m_behaviours[kind].delay;
-    finishLater(delay, timeout, {}, [this, kind, windowID, completion = std::move(completion)](ScriptResult result) {
-        Behaviour& behaviour = m_behaviours[kind];
-        auto* tabs = std::get_if<Tabs>(&behaviour.says);
-        if (result.code == 0 && tabs && !behaviour.isStubborn) {
-            for (auto& tab : *tabs) {
-                if (tab.windowID == windowID) tab.url = "about:blank";
-            }
-        }
-        completion(std::move(result));
-    });
+    finishLater(delay, timeout, {},
+                [this, kind, windowID, completion = std::move(completion)](const ScriptResult& result) {
+                    Behaviour& behaviour = m_behaviours[kind];
+                    auto* tabs = std::get_if<Tabs>(&behaviour.says);
+                    if (result.code == 0 && tabs && !behaviour.isStubborn) {
+                        for (auto& tab : *tabs) {
+                            if (tab.windowID == windowID) tab.url = "about:blank";
+                        }
+                    }
+                    completion(result);
+                });
 }
 
 void SimulatedBrowsers::finishLater(double delay, double timeout, ScriptResult result, Completion completion) {
-    const bool isTooSlow = delay > timeout;
-    m_time
-        .after(isTooSlow ? timeout : delay, [completion = std::move(completion),
-                                             result = isTooSlow ? timedOut : std::move(result)] { completion(result); })
+    if (delay > timeout) {
+        delay = timeout;
+        result = timedOut;
+    }
+    m_time.after(delay, [completion = std::move(completion), result = std::move(result)] { completion(result); })
         .detach();
 }
 
