@@ -1,5 +1,7 @@
 #include "core/store/PosixFiles.h"
 
+#include "core/store/Descriptor.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -20,37 +22,8 @@ constexpr std::size_t roomForParser = 128;
 /// Owner only: what the user thinks and does is nobody else's business.
 constexpr mode_t ownerReadWrite = S_IRUSR | S_IWUSR;
 
-/// Calls a system function again for as long as a signal interrupts it.
-template <class Call>
-auto retry(Call call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR)
-        result = call();
-    return result;
-}
-
-/// An open file, closed when it goes.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number{number} {}
-    Descriptor(Descriptor&& other) noexcept : m_number{std::exchange(other.m_number, -1)} {}
-    Descriptor& operator=(Descriptor&&) = delete;
-    ~Descriptor() { close(); }
-
-    bool isOpen() const { return m_number != -1; }
-    int number() const { return m_number; }
-    bool sync() const {
-        return retry([this] { return ::fsync(m_number); }) == 0;
-    }
-    /// Not repeated after a signal: by then the number may belong to another file.
-    bool close() { return isOpen() && ::close(std::exchange(m_number, -1)) == 0; }
-
-private:
-    int m_number;
-};
-
 Descriptor open(const std::filesystem::path& path, int flags) {
-    return Descriptor{retry([&] { return ::open(path.c_str(), flags | O_CLOEXEC, ownerReadWrite); })};
+    return Descriptor{uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, ownerReadWrite); })};
 }
 
 /// Nothing but a regular file: a pipe, for instance, could keep its reader or writer waiting for ever.
@@ -63,19 +36,24 @@ Descriptor openRegular(const std::filesystem::path& path, int flags) {
     return descriptor;
 }
 
+bool flush(const Descriptor& file) {
+    return uninterrupted([&file] { return ::fsync(file.number()); }) == 0;
+}
+
 class PosixOutputFile final : public OutputFile {
 public:
     explicit PosixOutputFile(Descriptor descriptor) : m_descriptor{std::move(descriptor)} {}
 
     bool write(std::string_view bytes) override {
         while (!bytes.empty()) {
-            const auto written = retry([&] { return ::write(m_descriptor.number(), bytes.data(), bytes.size()); });
+            const auto written =
+                uninterrupted([&] { return ::write(m_descriptor.number(), bytes.data(), bytes.size()); });
             if (written <= 0) return false;
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
         return true;
     }
-    bool sync() override { return m_descriptor.sync(); }
+    bool sync() override { return flush(m_descriptor); }
     bool close() override { return m_descriptor.close(); }
 
 private:
@@ -89,7 +67,8 @@ std::unique_ptr<OutputFile> outputFile(Descriptor descriptor) {
 bool readToEnd(const Descriptor& file, std::string& content) {
     for (std::size_t used = 0;;) {
         if (used == content.size()) content.resize(used + used / 2 + 4096);
-        const auto count = retry([&] { return ::read(file.number(), content.data() + used, content.size() - used); });
+        const auto count =
+            uninterrupted([&] { return ::read(file.number(), content.data() + used, content.size() - used); });
         if (count < 0) return false;
         used += static_cast<std::size_t>(count);
         if (count == 0 || used > largestFile) {
@@ -150,7 +129,7 @@ bool PosixFiles::remove(const std::filesystem::path& path) {
 bool PosixFiles::syncDirectory(const std::filesystem::path& path) {
     const Descriptor directory = open(path, O_RDONLY | O_DIRECTORY);
     // Some file systems keep names without being asked and know no such request.
-    return directory.isOpen() && (directory.sync() || errno == EINVAL || errno == ENOTSUP);
+    return directory.isOpen() && (flush(directory) || errno == EINVAL || errno == ENOTSUP);
 }
 
 } // namespace velmorin

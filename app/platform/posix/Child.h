@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/platform/posix/Descriptor.h"
+#include "core/store/Descriptor.h"
 
 #include <cstdint>
 #include <string>

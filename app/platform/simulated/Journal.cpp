@@ -1,7 +1,5 @@
 #include "app/platform/simulated/Journal.h"
 
-#include <utility>
-
 namespace velmorin {
 
 std::string SimulatedEvent::line() const {

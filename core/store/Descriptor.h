@@ -15,7 +15,7 @@ auto uninterrupted(Call call) {
     return result;
 }
 
-/// An open file or one end of a pipe, closed when it goes.
+/// An open file or one end of a pipe of a POSIX system, closed when it goes. Any thread.
 class Descriptor {
 public:
     /// None.
@@ -37,10 +37,8 @@ public:
     bool isOpen() const { return m_number != -1; }
     /// -1 when it is not open.
     int number() const { return m_number; }
-    /// Not repeated after a signal: by then the number may belong to another file.
-    void close() {
-        if (isOpen()) ::close(std::exchange(m_number, -1));
-    }
+    /// False also when none is open. Not repeated after a signal: by then the number may belong to another file.
+    bool close() { return isOpen() && ::close(std::exchange(m_number, -1)) == 0; }
 
 private:
     int m_number = -1;
