@@ -36,6 +36,7 @@ PLACES = {
     # The compositions: the program, and the engine on the simulated desktop.
     "app/main.cpp": ["core", "app"],
     "app/simulate": [*BELOW_ENGINE, "app/engine", "app/platform/simulated"],
+    "app/lock": [*BELOW_ENGINE, "app/engine", "app/platform/linux", "app/platform/posix"],
     # The platform folders see the seams they serve, never the engine and never each other.
     "app/platform/simulated": ["core", "app/seams", "app/strings"],
     "app/platform/posix": ["core", "app/seams", "app/strings"],
@@ -84,8 +85,8 @@ SYSTEM_MACROS = (
 
 # What must build where there is no toolkit.
 TOOLKIT_FREE = [
-    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/posix", "app/platform/simulated",
-    "app/simulate",
+    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/linux", "app/platform/posix",
+    "app/platform/simulated", "app/simulate",
 ]
 TOOLKIT_HEADER = r"(?:Qt?[A-Z]\w*(?:/.+)?|q[a-z0-9_]+\.h)"
 
