@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velmorin {
 
@@ -37,7 +38,28 @@ public:
 
     ApplicationIdentity identify(const WindowFacts& window) const;
 
+    /// The identifier of what an entry starts, as `identify` will tell once it runs.
+    static std::string bundleID(const DesktopEntry& entry);
+
 private:
+    struct Finding {
+        std::string bundleID;
+        const DesktopEntry* entry = nullptr;
+    };
+    using Candidates = std::vector<const DesktopEntry*>;
+
+    ApplicationIdentity own() const;
+    std::optional<Finding> find(const WindowFacts& window, const ProcessFacts& process) const;
+    std::optional<Finding> bySandbox(const ProcessFacts& process) const;
+    std::optional<Finding> byKnownProgram(const WindowFacts& window, const ProcessFacts& process) const;
+    std::optional<Finding> byWindowClass(const WindowFacts& window, const ProcessFacts& process) const;
+    std::optional<Finding> byEntryOfProgram(const ProcessFacts& process) const;
+    std::optional<Finding> byControlGroup(const ProcessFacts& process) const;
+    std::optional<Finding> byNameAlone(const WindowFacts& window, const ProcessFacts& process) const;
+
+    Candidates claimed(const WindowFacts& window) const;
+    bool isOfOther(const ProcessFacts& process, const DesktopEntry& entry) const;
+
     const DesktopEntries& m_entries;
     const Processes& m_processes;
 };

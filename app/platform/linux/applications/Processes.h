@@ -3,21 +3,21 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace velmorin {
 
-/// What the system tells of one running process. What it keeps to itself is empty: of another user's process, for
-/// instance, it does not tell the executable.
+/// What the system tells of one running process. What it keeps to itself is empty: of a process that guards itself, for
+/// instance, it does not tell the program.
 struct ProcessFacts {
-    std::string executable;               ///< absolute path, as the process itself sees it
-    bool isExecutableOfUser = false;      ///< whether the process's own user could have put the executable there
-    std::string shortName;                ///< of at most 15 bytes, and as the process likes
-    std::vector<std::string> arguments;   ///< the command line, the program's name first; as the process likes
-    std::string controlGroup;             ///< path in the service manager's hierarchy, as "/user.slice/…/app.scope"
+    std::string program;      ///< path of the executable, or of the script that an interpreter runs; links resolved
+    bool isOfSystem = false;  ///< the program is a file that the process's own user could not have put there
+    std::string shortName;    ///< of at most 15 bytes, and as the process likes
+    std::string controlGroup; ///< path in the service manager's hierarchy, as "/user.slice/…/app-….scope"
     std::optional<std::string> flatpakID; ///< of the application whose sandbox it runs in
-    std::uint64_t startTime = 0; ///< in the kernel's ticks since boot; with the pid it names a process for ever
+    std::uint64_t startTime = 0; ///< in the kernel's ticks since boot: with the pid it names a process for ever
     std::uint32_t userID = 0;    ///< the real one
+
+    bool operator==(const ProcessFacts&) const = default;
 };
 
 /// Looks at processes. Main thread.
