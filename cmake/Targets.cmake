@@ -45,3 +45,16 @@ function(velmorin_test name)
     include(GoogleTest)
     gtest_discover_tests(${name} NO_PRETTY_VALUES PROPERTIES LABELS ${arg_LABEL} DISCOVERY_TIMEOUT 60)
 endfunction()
+
+# A test program that needs a desktop: the whole of it runs once under each of the window managers.
+function(velmorin_desktop_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;MANAGERS")
+    add_executable(${name} ${arg_SOURCES})
+    target_compile_options(${name} PRIVATE $<$<CONFIG:Debug>:-O0 -g1>)
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
+    foreach(manager IN LISTS arg_MANAGERS)
+        add_test(NAME ${name}-${manager} COMMAND ${Python3_EXECUTABLE}
+            ${PROJECT_SOURCE_DIR}/tests/desktop/desktop.py --wm ${manager} -- $<TARGET_FILE:${name}>)
+        set_tests_properties(${name}-${manager} PROPERTIES LABELS desktop TIMEOUT 300)
+    endforeach()
+endfunction()

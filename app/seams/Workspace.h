@@ -24,7 +24,8 @@ public:
 
     virtual ~Workspace() = default;
 
-    /// The application in front; null when there is none at this instant.
+    /// The application in front; null when there is none at this instant. Where the desktop itself is always behind the
+    /// windows, it counts as the file manager's and is in front when no window is.
     virtual Application frontmostApplication() const = 0;
     /// All of them, hidden ones too, in the system's order.
     virtual std::vector<Application> runningApplications() const = 0;

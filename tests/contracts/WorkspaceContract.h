@@ -16,6 +16,9 @@ public:
     /// The process identifier of this program itself.
     virtual std::int32_t ownPID() = 0;
 
+    /// Whether there is no application at all without an identifier.
+    virtual bool knowsEveryApplication() { return false; }
+
     /// An application that the bench starts, as its user would.
     struct Newcomer {
         std::optional<std::string> bundleID; ///< absent for one that the system does not know
@@ -30,6 +33,8 @@ public:
     virtual void userQuits(std::int32_t pid) = 0;
     /// Has nothing in front, as when the last window goes.
     virtual void nobodyInFront() = 0;
+    /// Who then counts as being in front: nobody, or on some platforms the desktop itself, which has an identifier.
+    virtual std::optional<std::string> identifierInFrontOfNothing() { return std::nullopt; }
     /// Makes an application that can be located and opened.
     virtual void install(const std::string& bundleID) = 0;
 };

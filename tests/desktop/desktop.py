@@ -161,7 +161,10 @@ class Desktop:
         wait_until(self._is_managed)
 
     def _is_managed(self):
-        return "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK", check=False)
+        # A manager announces itself before it is ready: a window that comes in between may never be managed.
+        words = ["_NET_SUPPORTING_WM_CHECK", "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST"]
+        told = self.run("xprop", "-root", *words, check=False)
+        return "CHECK(WINDOW)" in told and ("_ACTIVE_WINDOW(WINDOW)" in told or "_CLIENT_LIST(WINDOW)" in told)
 
 
 def main():

@@ -1,0 +1,176 @@
+#include "app/platform/linux/x11/X11Desk.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace velmorin {
+
+namespace {
+
+/// How long a manager is given to iconify a window. Later the window counts as what it is.
+constexpr std::chrono::milliseconds hideTime{500};
+
+/// How long windows that come back behind the front may still take it for a moment.
+constexpr std::chrono::milliseconds settlingTime{1000};
+
+constexpr std::uint32_t iconicState = 3; // ICCCM 4.1.3.1
+
+/// _MOTIF_WM_HINTS: flags, functions, decorations and more. Bit 0 of the functions turns the others' meaning round.
+constexpr std::size_t motifFunctions = 1;
+constexpr std::uint32_t motifHasFunctions = 1;
+constexpr std::uint32_t motifAllBut = 1;
+constexpr std::uint32_t motifMinimize = 8;
+
+bool mayBeIconified(const std::vector<std::uint32_t>& hints) {
+    if (hints.size() <= motifFunctions || (hints[0] & motifHasFunctions) == 0) return true;
+    const bool allBut = (hints[motifFunctions] & motifAllBut) != 0;
+    const bool isNamed = (hints[motifFunctions] & motifMinimize) != 0;
+    return allBut != isNamed;
+}
+
+} // namespace
+
+X11Desk::X11Desk(X11Connection& connection, std::function<void(const X11Clients::Change&)> changed)
+    : m_connection{connection},
+      m_clients{connection, [this, changed = std::move(changed)](const X11Clients::Change& change) {
+                    if (change.isActiveNew) noteActive();
+                    dropMarks(change);
+                    changed(change);
+                }} {
+    noteActive();
+}
+
+bool X11Desk::isHidden(const X11Client& client) const {
+    if (client.isIconic) return true;
+    const auto request = m_hideRequests.find(client.window);
+    return request != m_hideRequests.end() && std::chrono::steady_clock::now() - request->second < hideTime;
+}
+
+void X11Desk::hide(Windows windows) {
+    const auto now = std::chrono::steady_clock::now();
+    std::vector<xcb_window_t> hidden;
+    for (const auto window : windows) {
+        const auto* client = m_clients.find(window);
+        if (client == nullptr || client->isIconic) continue;
+        allowIconifying(*client);
+        m_connection.askManager(window, m_connection.atoms().wmChangeState, iconicState);
+        m_hideRequests[window] = now;
+        hidden.push_back(window);
+    }
+    // The marks may wait, the windows not.
+    m_connection.flush();
+    constexpr std::uint32_t isSet = 1;
+    for (const auto window : hidden)
+        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, m_connection.atoms().hiddenMark,
+                            XCB_ATOM_CARDINAL, 32, 1, &isSet);
+    m_connection.flush();
+}
+
+void X11Desk::show(Windows windows) {
+    std::vector<xcb_window_t> hidden;
+    std::ranges::copy_if(windows, std::back_inserter(hidden), [this](xcb_window_t window) {
+        const auto* client = m_clients.find(window);
+        return client != nullptr && (client->wasHiddenByUs || m_hideRequests.contains(window));
+    });
+    std::ranges::sort(hidden, {}, [this](xcb_window_t window) { return lastActive(window); });
+    // Only what is activated comes back under every manager. The front goes to where it was right after.
+    for (const auto window : hidden) {
+        bringToFront(window);
+        xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
+        m_hideRequests.erase(window);
+    }
+    const auto* active = m_clients.active();
+    if (!hidden.empty() && active != nullptr) {
+        if (m_shown.front != active->window) m_shown = {{}, active->window, {}};
+        m_shown.windows.insert(hidden.begin(), hidden.end());
+        m_shown.until = std::chrono::steady_clock::now() + settlingTime;
+        bringToFront(active->window);
+    }
+    m_connection.flush();
+}
+
+void X11Desk::close(Windows windows) {
+    for (const auto window : windows) {
+        const auto* client = m_clients.find(window);
+        if (client == nullptr || !client->takesDeleteRequests) continue;
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = window;
+        event.type = m_connection.atoms().wmProtocols;
+        event.data.data32[0] = m_connection.atoms().wmDeleteWindow;
+        event.data.data32[1] = m_clients.time();
+        std::array<char, sizeof event> bytes{};
+        std::memcpy(bytes.data(), &event, sizeof event);
+        xcb_send_event(m_connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+    }
+    m_connection.flush();
+}
+
+void X11Desk::activate(Windows windows) {
+    const auto last = std::ranges::max_element(windows, {}, [this](xcb_window_t window) { return lastActive(window); });
+    if (last == windows.end()) return;
+    m_hideRequests.erase(*last);
+    bringToFront(*last);
+    m_connection.flush();
+}
+
+void X11Desk::noteActive() {
+    const auto* active = m_clients.active();
+    if (active == nullptr) return;
+    m_lastActive[active->window] = ++m_activations;
+    // It has come back, whatever it was asked before.
+    m_hideRequests.erase(active->window);
+    keepBehind(active->window);
+}
+
+/// Some managers give a window that comes back the focus once more when it is there, after it was given to another.
+void X11Desk::keepBehind(xcb_window_t active) {
+    if (m_shown.front == XCB_WINDOW_NONE || active == m_shown.front) return;
+    const bool isShown = m_shown.windows.erase(active) > 0;
+    if (isShown && std::chrono::steady_clock::now() < m_shown.until && m_clients.find(m_shown.front) != nullptr) {
+        bringToFront(m_shown.front);
+        m_connection.flush();
+    } else {
+        m_shown = {};
+    }
+}
+
+void X11Desk::dropMarks(const X11Clients::Change& change) {
+    for (const auto window : change.touched) {
+        const auto* client = m_clients.find(window);
+        if (client == nullptr) {
+            m_hideRequests.erase(window);
+            m_lastActive.erase(window);
+        } else if (client->wasHiddenByUs && !isHidden(*client)) {
+            // Somebody else has brought it back; whoever iconifies it next means it.
+            xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
+            m_connection.flush();
+        }
+    }
+}
+
+void X11Desk::allowIconifying(const X11Client& client) {
+    if (mayBeIconified(client.motifHints)) return;
+    auto hints = client.motifHints;
+    hints[motifFunctions] ^= motifMinimize;
+    const auto atom = m_connection.atoms().motifHints;
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, client.window, atom, atom, 32,
+                        static_cast<std::uint32_t>(hints.size()), hints.data());
+}
+
+void X11Desk::bringToFront(xcb_window_t window) {
+    constexpr std::uint32_t sourceIsTool = 2; // EWMH: a pager or the like, which acts for the user
+    m_connection.askManager(window, m_connection.ewmh()._NET_ACTIVE_WINDOW, sourceIsTool, m_clients.time());
+}
+
+std::uint64_t X11Desk::lastActive(xcb_window_t window) const {
+    const auto found = m_lastActive.find(window);
+    return found == m_lastActive.end() ? 0 : found->second;
+}
+
+} // namespace velmorin
