@@ -7,38 +7,6 @@
 
 namespace velmorin {
 
-namespace {
-
-/// An object with the members of another put over its own, member by member where both are objects.
-std::string overlaid(const std::string& base, const std::string& over) {
-    const auto below = JSONMembers::parse(base);
-    const auto above = JSONMembers::parse(over);
-    if (!below || !above) return over;
-    JSONOutput output;
-    output.beginObject();
-    for (const auto& key : below->keys()) {
-        output.key(key);
-        const auto replacement = above->raw(key);
-        output.writeJSON(replacement ? overlaid(*below->raw(key), *replacement) : *below->raw(key));
-    }
-    for (const auto& key : above->keys()) {
-        if (below->raw(key)) continue;
-        output.key(key);
-        output.writeJSON(*above->raw(key));
-    }
-    output.endObject();
-    return output.take().value_or(over);
-}
-
-template <class Value>
-Value readOver(const Value& base, const std::string& json, const char* what) {
-    auto value = decodeJSON<Value>(overlaid(encodeJSON(base).value_or("{}"), json));
-    if (!value) throw MalformedInput{std::string{"this is not a "} + what};
-    return std::move(*value);
-}
-
-} // namespace
-
 double readDuration(const JSONArguments& step, const std::string& name) {
     const double seconds = step.get<double>(name);
     if (!std::isfinite(seconds) || seconds < 0) throw MalformedInput{"the argument \"" + name + "\" is negative"};

@@ -1,6 +1,6 @@
 #include "app/simulate/SimulatedProgram.h"
 
-#include "app/simulate/StateWriting.h"
+#include "app/engine/StateWriting.h"
 
 #include <utility>
 

@@ -43,4 +43,24 @@ std::vector<JSONArguments> JSONArguments::objects(const std::string& name) const
     return list;
 }
 
+std::string overlaid(const std::string& base, const std::string& over) {
+    const auto below = JSONMembers::parse(base);
+    const auto above = JSONMembers::parse(over);
+    if (!below || !above) return over;
+    JSONOutput output;
+    output.beginObject();
+    for (const auto& key : below->keys()) {
+        output.key(key);
+        const auto replacement = above->raw(key);
+        output.writeJSON(replacement ? overlaid(*below->raw(key), *replacement) : *below->raw(key));
+    }
+    for (const auto& key : above->keys()) {
+        if (below->raw(key)) continue;
+        output.key(key);
+        output.writeJSON(*above->raw(key));
+    }
+    output.endObject();
+    return output.take().value_or(over);
+}
+
 } // namespace velmorin

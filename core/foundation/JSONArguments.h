@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/foundation/JSONCoding.h"
 #include "core/foundation/JSONMembers.h"
 
 #include <optional>
@@ -56,5 +57,18 @@ public:
 private:
     JSONMembers m_members;
 };
+
+/// An object with the members of another put over its own, member by member where both are objects; `over` itself where
+/// one of them is none.
+std::string overlaid(const std::string& base, const std::string& over);
+
+/// A value of which somebody wrote only what differs from `base`. Throws MalformedInput when no value comes of it; `what`
+/// says what it should have been.
+template <class Value>
+Value readOver(const Value& base, const std::string& json, const char* what) {
+    auto value = decodeJSON<Value>(overlaid(encodeJSON(base).value_or("{}"), json));
+    if (!value) throw MalformedInput{std::string{"this is not a "} + what};
+    return std::move(*value);
+}
 
 } // namespace velmorin

@@ -1,5 +1,6 @@
 #include "app/platform/linux/loop/MainLoop.h"
 
+#include <glib-unix.h>
 #include <glib.h>
 #include <mutex>
 #include <utility>
@@ -118,6 +119,21 @@ Cancellable MainLoop::watchReadable(int descriptor, Call call, std::function<boo
     readable->isPending = new std::function<bool()>{std::move(isPending)};
     const auto conditions = static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR);
     readable->descriptor = g_source_add_unix_fd(source, descriptor, conditions);
+    g_source_attach(source, m_context);
+    return Cancellable{[source] {
+        g_source_destroy(source);
+        g_source_unref(source);
+    }};
+}
+
+Cancellable MainLoop::watchSignal(int number, Call call) {
+    GSource* source = g_unix_signal_source_new(number);
+    const auto make = [](gpointer data) -> gboolean {
+        (*static_cast<Call*>(data))();
+        return G_SOURCE_CONTINUE;
+    };
+    const auto drop = [](gpointer data) { delete static_cast<Call*>(data); };
+    g_source_set_callback(source, make, new Call{std::move(call)}, drop);
     g_source_attach(source, m_context);
     return Cancellable{[source] {
         g_source_destroy(source);

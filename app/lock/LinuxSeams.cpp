@@ -1,0 +1,48 @@
+#include "app/lock/LinuxSeams.h"
+
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+namespace velmorin {
+
+namespace {
+
+/// A base directory of the desktop's: by its variable, where that is an absolute path, else below the home folder
+/// (XDG Base Directory Specification 0.8).
+std::filesystem::path baseDirectory(const char* variable, const char* belowHome) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && std::filesystem::path{value}.is_absolute()) return value;
+    const char* home = std::getenv("HOME");
+    const bool isUsable = belowHome != nullptr && home != nullptr && std::filesystem::path{home}.is_absolute();
+    return isUsable ? std::filesystem::path{home} / belowHome : std::filesystem::path{};
+}
+
+} // namespace
+
+LinuxPlaces LinuxPlaces::ofThisProcess() {
+    std::error_code unreadable;
+    return {std::filesystem::read_symlink("/proc/self/exe", unreadable), baseDirectory("XDG_DATA_HOME", ".local/share"),
+            baseDirectory("XDG_CONFIG_HOME", ".config"), baseDirectory("XDG_RUNTIME_DIR", nullptr)};
+}
+
+std::filesystem::path LinuxPlaces::companion(const std::string& name) const {
+    const auto beside = program.parent_path() / name;
+    std::error_code missing;
+    if (std::filesystem::exists(beside, missing)) return beside;
+    return program.parent_path().parent_path() / "libexec" / "velmorin" / name;
+}
+
+LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, MainLoop& mainLoop,
+                       std::unique_ptr<X11Connection> display)
+    : places{std::move(where)},
+      directory{std::move(storeDirectory)},
+      loop{mainLoop},
+      childProcesses{[this](std::function<void()> call) { loop.post(std::move(call)); }},
+      connection{std::move(display)},
+      identities{entries, processes},
+      launcher{entries},
+      workspace{*connection, {identities, processes, launcher, ApplicationIdentity{bundleID, "Dravoni", std::nullopt}}},
+      application{loop} {}
+
+} // namespace velmorin

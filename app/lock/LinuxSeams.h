@@ -1,0 +1,69 @@
+#pragma once
+
+#include "app/lock/Pending.h"
+#include "app/platform/linux/applications/ApplicationIdentities.h"
+#include "app/platform/linux/applications/ApplicationLauncher.h"
+#include "app/platform/linux/applications/DesktopEntries.h"
+#include "app/platform/linux/applications/ProcFS.h"
+#include "app/platform/linux/loop/LoopTimers.h"
+#include "app/platform/linux/loop/MainLoop.h"
+#include "app/platform/linux/x11/X11Connection.h"
+#include "app/platform/linux/x11/X11Workspace.h"
+#include "app/platform/posix/PosixChildProcesses.h"
+#include "app/platform/posix/SystemClock.h"
+#include "app/platform/posix/SystemRandom.h"
+#include "core/store/PosixFiles.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace velmorin {
+
+/// Where things lie for this user and this program. All paths are absolute; an empty one is not there.
+struct LinuxPlaces {
+    std::filesystem::path program;       ///< the executable itself
+    std::filesystem::path data;          ///< $XDG_DATA_HOME
+    std::filesystem::path configuration; ///< $XDG_CONFIG_HOME
+    std::filesystem::path runtime;       ///< $XDG_RUNTIME_DIR
+
+    static LinuxPlaces ofThisProcess();
+
+    /// A program of ours: beside this one, as in a build tree, or where the installation puts what nobody calls by
+    /// hand.
+    std::filesystem::path companion(const std::string& name) const;
+};
+
+/// Every seam of the engine on a Linux desktop, made in the order in which they need each other. Main thread.
+struct LinuxSeams {
+    /// The program's own identifier.
+    static constexpr const char* bundleID = "com.kestrava.velmorin";
+
+    /// `storeDirectory` is where everything is kept. `display` must be there.
+    LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, MainLoop& mainLoop,
+               std::unique_ptr<X11Connection> display);
+    LinuxSeams(const LinuxSeams&) = delete;
+    LinuxSeams& operator=(const LinuxSeams&) = delete;
+
+    LinuxPlaces places;
+    std::filesystem::path directory;
+    MainLoop& loop;
+    PosixFiles files;
+    SystemClock clock;
+    SystemRandom random;
+    LoopTimers timers;
+    PosixChildProcesses childProcesses;
+    std::unique_ptr<X11Connection> connection;
+    DesktopEntries entries;
+    ProcFS processes;
+    ApplicationIdentities identities;
+    ApplicationLauncher launcher;
+    X11Workspace workspace;
+    PendingApplication application;
+    NoSounds sounds;
+    NoShortcuts shortcuts;
+    NoServices serviceManager;
+    NoRelay relay;
+};
+
+} // namespace velmorin

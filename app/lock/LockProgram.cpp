@@ -1,0 +1,153 @@
+#include "app/lock/LockProgram.h"
+
+#include "app/engine/StateWriting.h"
+
+#include <array>
+#include <csignal>
+#include <unistd.h>
+#include <utility>
+
+namespace velmorin {
+
+namespace {
+
+std::string identifier(const Workspace::Application& application) {
+    return application ? application->bundleIdentifier().value_or("unknown") : "nobody";
+}
+
+} // namespace
+
+LockProgram::LockProgram(LinuxSeams& seams, LockOptions options, std::optional<Profile> profile, Print print)
+    : m_seams{seams},
+      m_options{std::move(options)},
+      m_profile{std::move(profile)},
+      m_print{std::move(print)},
+      m_data{JSONStore{seams.directory, seams.files},
+             {seams.clock, seams.timers, seams.random, seams.relay, m_appearance}},
+      m_controller{m_data,
+                   {seams.clock, seams.timers, seams.random, seams.workspace, seams.application, seams.sounds,
+                    seams.shortcuts, seams.serviceManager, seams.childProcesses, m_appearance,
+                    seams.places.companion("velmorin-browser-script").string()}},
+      m_lifecycle{m_options.launch, m_controller, seams.workspace, seams.application} {
+    m_appearance.apply(*m_data.settings());
+    m_controller.autoReturnFromWarnings = m_options.returnsByItself;
+    m_controller.watchdogArguments = m_options.forWatchdog();
+    m_seams.application.onTerminate = [this] { askToQuit(); };
+}
+
+int LockProgram::run() {
+    connect();
+    launch();
+    return m_seams.loop.run();
+}
+
+void LockProgram::connect() {
+    m_controller.onOverlayChange = [this](const OverlayState& state) {
+        tell("overlay", [&state](JSONOutput& output) { writeOverlay(output, state); });
+    };
+    m_controller.onSessionBegan = [this](const ActiveSession& session) {
+        tell("began", [&session](JSONOutput& output) { writeMember(output, "session", session); });
+        if (m_data.settings()->lockPhoneToo) m_data.phoneLink().sendStart(session);
+    };
+    m_controller.onSessionEnded = [this](const ActiveSession& session) {
+        tell("ending", [&session](JSONOutput& output) { writeMember(output, "session", session); });
+        m_data.phoneLink().sendEnd(session);
+    };
+    if (m_options.tellsTicks) {
+        m_controller.onTick = [this] {
+            if (const auto& status = *m_controller.status())
+                tell("tick", [&status](JSONOutput& output) {
+                    output.key("status");
+                    writeStatus(output, *status);
+                });
+        };
+    }
+    m_watches.push_back(m_controller.session().watch([this] { tellSession(); }));
+    m_watches.push_back(m_seams.workspace.observeActivations([this](const Workspace::Application& application) {
+        tell("front", [&](JSONOutput& output) { writeMember(output, "bundleID", identifier(application)); });
+    }));
+    m_watches.push_back(m_seams.workspace.observeLaunches([this](const Workspace::Application& application) {
+        tell("launched", [&](JSONOutput& output) { writeMember(output, "bundleID", identifier(application)); });
+    }));
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        m_watches.push_back(m_seams.loop.watchSignal(number, [this] { askToQuit(); }));
+    m_commands = m_seams.loop.watchReadable(STDIN_FILENO, [this] { readCommands(); });
+}
+
+void LockProgram::launch() {
+    if (m_data.phoneLink().pairing()) m_data.phoneLink().startListening();
+    if (m_lifecycle.start() == Lifecycle::Start::quit) {
+        m_seams.application.terminate();
+        return;
+    }
+    if (m_profile && !m_controller.isActive()) m_controller.start(*m_profile, m_options.intent);
+    // Without a window there is nothing to stay for but a session, or the summary of one.
+    if (!m_controller.isActive() && shows<Overlay::None>(*m_controller.overlay())) m_seams.application.terminate();
+}
+
+void LockProgram::askToQuit() {
+    const bool quits = m_lifecycle.answerToQuit() == Lifecycle::QuitAnswer::quit;
+    tell(quits ? "quit" : "stays");
+    if (quits) m_seams.loop.quit(0);
+}
+
+void LockProgram::readCommands() {
+    std::array<char, 4096> bytes{};
+    const auto count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
+    if (count <= 0) {
+        // The session goes on without anybody who could end it.
+        m_commands.cancel();
+        return;
+    }
+    m_input.append(bytes.data(), static_cast<std::size_t>(count));
+    for (auto end = m_input.find('\n'); end != std::string::npos; end = m_input.find('\n')) {
+        const auto line = m_input.substr(0, end);
+        m_input.erase(0, end + 1);
+        obey(line);
+    }
+}
+
+void LockProgram::obey(const std::string& line) {
+    constexpr std::string_view confirm = "confirm ";
+    if (line == "return") {
+        m_controller.returnToWork();
+    } else if (line == "exit") {
+        m_controller.beginEmergencyExit();
+    } else if (line == "cancel") {
+        m_controller.cancelEmergencyExit();
+    } else if (line.starts_with(confirm)) {
+        m_controller.confirmEmergencyExit(line.substr(confirm.size()));
+    } else if (line == "show") {
+        tellSession();
+    } else if (line == "quit") {
+        askToQuit();
+    } else if (!line.empty()) {
+        tell("unknown", [&line](JSONOutput& output) { writeMember(output, "command", line); });
+    }
+}
+
+void LockProgram::tellSession() {
+    tell("session", [this](JSONOutput& output) {
+        const auto& session = *m_controller.session();
+        writeMember(output, "isRunning", session.has_value());
+        writeMember(output, "attempts", session ? session->attempts : 0);
+        writeMember(output, "returns", session ? session->returns : 0);
+        writeMember(output, "hidden", session ? session->hiddenBundleIDs : std::vector<std::string>{});
+        output.key("overlay");
+        output.beginObject();
+        writeOverlay(output, *m_controller.overlay());
+        output.endObject();
+    });
+}
+
+void LockProgram::tell(std::string_view event, const Members& members) const {
+    JSONOutput output;
+    output.beginObject();
+    writeMember(output, "at", m_seams.clock.now());
+    writeMember(output, "event", event);
+    if (members) members(output);
+    output.endObject();
+    if (const auto line = output.take()) m_print(*line);
+}
+
+} // namespace velmorin
