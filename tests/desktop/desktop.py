@@ -18,7 +18,7 @@ import tempfile
 import time
 from pathlib import Path
 
-PATIENCE = 60.0  # seconds; only what fails waits this long
+PATIENCE = 30.0  # seconds; only what fails waits this long
 
 WINDOW_MANAGERS = {
     "openbox": ["openbox", "--sm-disable"],

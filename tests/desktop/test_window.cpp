@@ -30,6 +30,7 @@ struct Wishes {
     std::string instance, className; ///< no class when both are empty
     std::string type;                ///< "dock", "desktop", "dialog", "notification", "utility", "splash"
     int count = 1;
+    bool tellsNoProcess = false; ///< by _NET_WM_PID
     bool ignoresClosing = false;
     bool takesNoDeleteRequests = false;
     bool skipsTaskbar = false;
@@ -131,6 +132,11 @@ private:
             const std::string both = m_wishes.instance + '\0' + m_wishes.className + '\0';
             setText(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, both);
         }
+        if (!m_wishes.tellsNoProcess) {
+            const auto process = static_cast<std::uint32_t>(::getpid());
+            xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, m_ewmh._NET_WM_PID, XCB_ATOM_CARDINAL, 32,
+                                1, &process);
+        }
         if (!m_wishes.takesNoDeleteRequests) setAtom(window, m_protocols, m_deleteWindow);
         if (!m_wishes.type.empty()) setAtom(window, m_ewmh._NET_WM_WINDOW_TYPE, typeAtom());
         if (m_wishes.skipsTaskbar) setAtom(window, m_ewmh._NET_WM_STATE, m_ewmh._NET_WM_STATE_SKIP_TASKBAR);
@@ -184,6 +190,7 @@ Wishes readWishes(const std::vector<std::string>& arguments) {
         if (word == "--class") wishes.instance = wishes.className = value();
         if (word == "--type") wishes.type = value();
         if (word == "--windows") wishes.count = std::atoi(value().c_str());
+        if (word == "--no-pid") wishes.tellsNoProcess = true;
         if (word == "--ignore-closing") wishes.ignoresClosing = true;
         if (word == "--no-delete-requests") wishes.takesNoDeleteRequests = true;
         if (word == "--skip-taskbar") wishes.skipsTaskbar = true;

@@ -1,0 +1,158 @@
+"""A session of velmorin-lock on a desktop of the tests, and the windows of the programs that it meets."""
+
+import json
+import queue
+import re
+import threading
+import time
+import uuid
+from pathlib import Path
+
+from desktop import PATIENCE, wait_until
+
+SINCE_2001 = 978307200.0  # seconds from 1970 to 2001, where the stored dates begin
+
+ICONIC = "Iconic"
+
+
+def now():
+    return time.time() - SINCE_2001
+
+
+class Windows:
+    """What stands on the screen, seen with the eyes of the window manager's own tools."""
+
+    def __init__(self, desktop):
+        self.desktop = desktop
+
+    def of(self, pid):
+        """The windows of a process, with their numbers as texts."""
+        lines = self.desktop.run("wmctrl", "-lp", check=False).splitlines()
+        return [line.split()[0] for line in lines if len(line.split()) > 2 and line.split()[2] == str(pid)]
+
+    def named(self, text):
+        """Those whose class or title holds a text."""
+        lines = self.desktop.run("wmctrl", "-lx", check=False).splitlines()
+        return [line.split()[0] for line in lines if text in line]
+
+    def is_iconic(self, window):
+        state = self.desktop.run("xprop", "-id", window, "WM_STATE", "_NET_WM_STATE", check=False)
+        return ICONIC in state or "_NET_WM_STATE_HIDDEN" in state
+
+    def are_iconic(self, windows):
+        return bool(windows) and all(map(self.is_iconic, windows))
+
+    def active(self):
+        found = re.search(r"0x[0-9a-f]+", self.desktop.run("xprop", "-root", "_NET_ACTIVE_WINDOW", check=False))
+        return int(found.group(), 16) if found else 0
+
+    def activate(self, window):
+        self.desktop.run("wmctrl", "-i", "-a", window)
+
+    def appear(self, text):
+        return wait_until(lambda: self.named(text))
+
+
+class Lock:
+    """A running velmorin-lock, its events and its store."""
+
+    def __init__(self, desktop, programs, *, home=None, environment=None):
+        self.desktop, self.programs = desktop, Path(programs)
+        self.home = Path(home or desktop.home / "store")
+        self.environment = environment or {}
+        self.events = []
+        self._fresh = queue.Queue()
+        self.process = None
+
+    # --- Its life -----------------------------------------------------------------------------------------------
+
+    def start(self, profile=None, *options):
+        arguments = ["--home", self.home, *options]
+        if profile is not None:
+            path = self.desktop.folder / "profile.json"
+            path.write_text(json.dumps(profile))
+            arguments.append(path)
+        self.process = self.desktop.start(
+            self.programs / "velmorin-lock", *arguments, environment=self.environment, stdin=-1, stdout=-1,
+            stderr=None, text=True, bufsize=1,
+        )
+        threading.Thread(target=self._read, args=[self.process], daemon=True).start()
+        return self
+
+    def command(self, line):
+        self.process.stdin.write(line + "\n")
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
+    def _read(self, process):
+        for line in process.stdout:
+            self._fresh.put(json.loads(line))
+
+    # --- What it tells ------------------------------------------------------------------------------------------
+
+    def collect(self):
+        while not self._fresh.empty():
+            self.events.append(self._fresh.get())
+        return self.events
+
+    def await_event(self, name, patience=PATIENCE, **members):
+        """The next event with this name and these members that nobody has waited for yet."""
+
+        def found():
+            for event in self.collect():
+                if event["event"] == name and all(event.get(key) == value for key, value in members.items()):
+                    return event
+            return None
+
+        event = wait_until(found, patience)
+        self.events.remove(event)
+        return event
+
+    def seen(self, name, **members):
+        return [
+            event for event in self.collect()
+            if event["event"] == name and all(event.get(key) == value for key, value in members.items())
+        ]
+
+    def log(self):
+        path = self.home / "events.log"
+        return path.read_text() if path.exists() else ""
+
+    # --- Its store ----------------------------------------------------------------------------------------------
+
+    @property
+    def session_file(self):
+        return self.home / "active-session.json"
+
+    def stored(self):
+        return json.loads(self.session_file.read_text())
+
+    def history(self):
+        path = self.home / "history.json"
+        return json.loads(path.read_text()) if path.exists() else []
+
+    def leave_session(self, seconds, allowed, domains=()):
+        """Leaves a session behind, as a process that was killed does; it has so many seconds to go."""
+        self.home.mkdir(parents=True, exist_ok=True)
+        self.session_file.write_text(json.dumps({
+            "id": str(uuid.uuid4()).upper(), "profileName": "Left", "mode": "deep", "intent": "", "startedAt": now(),
+            "segments": [{"kind": "work", "duration": seconds}], "allowedBundleIDs": list(allowed),
+            "allowedDomains": list(domains), "attempts": 0, "returns": 0, "hiddenBundleIDs": [],
+        }))
+
+    def shorten(self, seconds):
+        """Lets the session that a killed process left behind end so soon."""
+        session = self.stored()
+        session["segments"] = [{"kind": "work", "duration": now() - session["startedAt"] + seconds}]
+        self.session_file.write_text(json.dumps(session))
+
+
+def profile(allowed, domains=(), minutes=10):
+    return {
+        "name": "Work", "mode": "deep",
+        "deep": {"totalMinutes": minutes, "breakEveryMinutes": 60, "breakMinutes": 5},
+        "allowedApps": [{"bundleID": identifier, "name": identifier} for identifier in allowed],
+        "allowedDomains": list(domains),
+    }
