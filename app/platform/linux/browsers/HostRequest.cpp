@@ -47,9 +47,12 @@ std::string HostRequest::line() const {
 
 std::optional<HostRequest> HostRequest::parse(std::string_view line) {
     if (line == list) return HostRequest{};
-    if (!take(line, blank)) return std::nullopt;
-    const auto place = takePlace(line);
-    return place && line.empty() ? std::optional{HostRequest{place}} : std::nullopt;
+    if (!line.starts_with(blank)) return std::nullopt;
+    auto rest = line.substr(blank.size());
+    const HostRequest request{takePlace(rest)};
+    // There is one way to write each.
+    if (!request.tabToBlank || request.line() != std::string{line} + '\n') return std::nullopt;
+    return request;
 }
 
 std::string HostRequest::message(std::uint64_t id) const {

@@ -35,7 +35,8 @@ Exit status
   0    the browser has answered
   1    it has not; standard error says why, with "-1743" in it where the browser
        runs but cannot be watched: it is more than ten seconds old and has no host,
-       has had none for a second, or its host or extension was stopped.
+       has had none for a second, its host or extension was stopped, or the folder
+       of the hosts lets others in.
 
 A browser that hangs is waited for without limit; SIGTERM ends that.
 
@@ -54,11 +55,16 @@ bool print(int descriptor, std::string_view text) {
     return true;
 }
 
+/// Where the hosts' folder cannot be used there are no hosts, and a browser that runs cannot be watched.
+ScriptOutcome withoutFolder(const KnownBrowser& browser, const std::string& reason) {
+    return {1, "", reason + (runningBrowsers(browser).empty() ? "\n" : " (-1743)\n")};
+}
+
 ScriptOutcome runScript(std::string_view script) {
     const auto command = parseScript(script);
     if (!command) return {1, "", "this is none of the scripts for a browser that is known; see --help\n"};
     const auto folder = RuntimeFolder::open();
-    if (!folder.isOpen()) return {1, "", folder.error() + '\n'};
+    if (!folder.isOpen()) return withoutFolder(*command->browser, folder.error());
     if (command->windowToBlank) return blankTab(*command->browser, folder, *command->windowToBlank);
     return TabListing{*command->browser, folder}.run();
 }
