@@ -4,6 +4,7 @@
 #include "core/foundation/RawValue.h"
 #include "tests/contracts/ChildProcessesContract.h"
 #include "tests/contracts/FeedbackContract.h"
+#include "tests/contracts/InstalledApplicationsContract.h"
 #include "tests/contracts/RandomContract.h"
 #include "tests/contracts/RelayTransportContract.h"
 #include "tests/contracts/ServiceManagerContract.h"
@@ -127,6 +128,25 @@ private:
     SimulatedRandom m_random{1};
 };
 
+class SimulatedInstalledApplicationsBench final : public SimulatedBench<InstalledApplicationsBench> {
+public:
+    InstalledApplications& applications() override { return desktop.installedApplications; }
+    std::string install(const std::string& bundleID, const std::string& name, Picture picture) override {
+        const auto path = "/applications/" + bundleID;
+        desktop.installedApplications.apps.push_back({name, bundleID, path});
+        if (picture == Picture::withOne) desktop.installedApplications.icons[path] = path + ".png";
+        return path;
+    }
+    void remove(const std::string& path) override {
+        std::erase_if(desktop.installedApplications.apps, [&](const auto& app) { return app.path == path; });
+    }
+    /// Nothing is read here: what is listed is what is whole.
+    void spoil(const std::string& path) override { remove(path); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Contracts, InstalledApplicationsContract,
+                         (simulated<InstalledApplicationsBench, SimulatedInstalledApplicationsBench>()),
+                         nameOfMaker<InstalledApplicationsBench>);
 INSTANTIATE_TEST_SUITE_P(Contracts, TimeContract, (simulated<TimeBench, SimulatedTimeBench>()), nameOfMaker<TimeBench>);
 INSTANTIATE_TEST_SUITE_P(Contracts, ChildProcessesContract,
                          (simulated<ChildProcessesBench, SimulatedChildProcessesBench>()),

@@ -3,6 +3,7 @@
 #include "app/platform/simulated/Journal.h"
 #include "app/platform/simulated/SimulatedBrowsers.h"
 #include "app/platform/simulated/SimulatedDisk.h"
+#include "app/platform/simulated/SimulatedInstalledApplications.h"
 #include "app/platform/simulated/SimulatedRelay.h"
 #include "app/platform/simulated/SimulatedServices.h"
 #include "app/platform/simulated/SimulatedWorkspace.h"
@@ -25,6 +26,7 @@ struct SimulatedDesktop {
     Journal journal;
     SimulatedDisk disk;
     SimulatedWorkspace workspace{time, journal};
+    SimulatedInstalledApplications installedApplications;
     SimulatedBrowsers browsers{time, journal};
     SimulatedRelay relay{time, journal};
     SimulatedSounds sounds{journal};
