@@ -22,6 +22,7 @@ std::optional<InstalledApp> running(const RunningApplication& application, const
 
 std::vector<InstalledApp> sorted(std::vector<InstalledApp> apps, AppLanguage language) {
     std::vector<std::pair<std::string, InstalledApp>> keyed;
+    keyed.reserve(apps.size());
     for (auto& app : apps)
         keyed.emplace_back(sortKey(language, app.name), std::move(app));
     std::ranges::stable_sort(

@@ -66,6 +66,13 @@ bool isMeantFor(const std::vector<std::string>& desktops, const Keys& keys) {
     return !keys.has(G_KEY_FILE_DESKTOP_KEY_ONLY_SHOW_IN);
 }
 
+/// The file behind a path, links resolved; empty when there is none that can be read.
+std::string existing(const fs::path& path) {
+    std::error_code missing;
+    if (::access(path.c_str(), R_OK) != 0 || !fs::is_regular_file(path, missing)) return {};
+    return fs::canonical(path, missing).string();
+}
+
 void readCommand(const Keys& keys, ProgramPaths& programs, DesktopEntryFile& file) {
     const auto words = command(keys.text(G_KEY_FILE_DESKTOP_KEY_EXEC));
     file.argumentCount =
@@ -83,19 +90,15 @@ void readCommand(const Keys& keys, ProgramPaths& programs, DesktopEntryFile& fil
 
 const std::string& ProgramPaths::resolve(const std::string& program) {
     const auto [place, isNew] = m_resolved.try_emplace(program);
-    if (!isNew || program.empty()) return place->second;
-    const auto find = [&](const std::string& path) {
-        std::error_code missing;
-        if (::access(path.c_str(), R_OK) == 0 && fs::is_regular_file(path, missing))
-            place->second = fs::canonical(path, missing).string();
-        return !place->second.empty();
-    };
+    auto& resolved = place->second;
+    if (!isNew) return resolved;
     if (program.find('/') != std::string::npos) {
-        if (program.starts_with('/')) find(program);
-        return place->second;
+        if (program.starts_with('/')) resolved = existing(program);
+        return resolved;
     }
-    std::ranges::find_if(m_folders, [&](const auto& folder) { return find(folder + "/" + program); });
-    return place->second;
+    for (auto folder = m_folders.begin(); !program.empty() && resolved.empty() && folder != m_folders.end(); ++folder)
+        resolved = existing(fs::path{*folder} / program);
+    return resolved;
 }
 
 std::optional<DesktopEntryFile> DesktopEntryFile::read(const std::string& path, const std::string& id,

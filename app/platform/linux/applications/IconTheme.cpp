@@ -35,7 +35,7 @@ std::string withoutSuffix(const std::string& name) {
 
 std::optional<std::string> fileIn(const std::string& folder, const std::string& name) {
     for (const auto suffix : suffixes) {
-        auto path = (folder + "/" + name).append(suffix);
+        const auto path = (fs::path{folder} / name).concat(suffix).string();
         if (isFile(path)) return path;
     }
     return std::nullopt;
@@ -137,7 +137,7 @@ private:
         }
         for (const auto& root : iconFolders) {
             std::error_code missing;
-            result.path = root + "/" + name + "/" + folder;
+            result.path = (fs::path{root} / name / folder).string();
             if (fs::is_directory(result.path, missing)) m_folders.push_back(result);
         }
     }
