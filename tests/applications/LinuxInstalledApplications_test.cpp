@@ -2,6 +2,8 @@
 
 #include "tests/applications/EntriesFixture.h"
 
+#include <gmock/gmock.h>
+
 namespace velmorin {
 namespace {
 
@@ -52,7 +54,16 @@ TEST_F(LinuxInstalledApplicationsTest, applicationsAreListedAsTheCoreKnowsThem) 
     entry("chromium", program("chromium"));
     entry("debian-xterm", program("xterm"));
     entry("org.gnome.Nautilus", program("nautilus"));
-    EXPECT_EQ(ids(), (IDs{"com.google.Chrome", "debian-xterm", "com.apple.finder"}));
+    EXPECT_THAT(ids(), ::testing::UnorderedElementsAre("com.google.Chrome", "debian-xterm", "com.apple.finder"));
+}
+
+TEST_F(LinuxInstalledApplicationsTest, ofSeveralForOneApplicationThePreferredNameComesFirst) {
+    entry("debian-uxterm", script("uxterm"));
+    const auto xterm = entry("debian-xterm", program("xterm"));
+    const DesktopEntries entries{surroundings()};
+    const auto apps = LinuxInstalledApplications{entries, m_icons}.list();
+    ASSERT_EQ(apps.size(), 2);
+    EXPECT_EQ(apps.front().path, xterm);
 }
 
 TEST_F(LinuxInstalledApplicationsTest, aBrowserStandsBeforeItsWebApplications) {

@@ -152,8 +152,8 @@ IconTheme::Surroundings IconTheme::Surroundings::ofSession() {
     const std::string dataFolder = g_get_user_data_dir();
     result.iconFolders = {std::string{g_get_home_dir()} + "/.icons", dataFolder + "/icons"};
     for (const auto* folder = g_get_system_data_dirs(); *folder != nullptr; ++folder) {
-        result.iconFolders.push_back(std::string{*folder} + "/icons");
-        result.pixmapFolders.push_back(std::string{*folder} + "/pixmaps");
+        result.iconFolders.push_back((fs::path{*folder} / "icons").string());
+        result.pixmapFolders.push_back((fs::path{*folder} / "pixmaps").string());
     }
     const std::string configFolder = g_get_user_config_dir();
     result.themes = {chosenTheme(), setting(configFolder + "/gtk-3.0/settings.ini", "Settings", "gtk-icon-theme-name"),

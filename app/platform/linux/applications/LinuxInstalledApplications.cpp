@@ -5,34 +5,40 @@
 #include "core/foundation/Text.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace velmorin {
 
 namespace {
 
-/// Whether the identifier comes from what the entry is called, and not only from the program that it runs.
-bool isNamedSo(const DesktopEntry& entry, const std::string& bundleID) {
+constexpr std::size_t byProgramOnly = std::numeric_limits<std::size_t>::max();
+
+/// How far down the names of its application an entry stands; last are those that only run its program.
+std::size_t rank(const DesktopEntry& entry, const std::string& bundleID) {
     const auto names = IdentityTable::namesOf(bundleID);
-    return IdentityTable::bundleID(entry.id) == bundleID ||
-           std::ranges::find(names, lowercased(entry.id)) != names.end();
+    const auto isName = [id = lowercased(entry.id)](auto name) { return lowercased(name) == id; };
+    const auto found = std::ranges::find_if(names, isName);
+    if (found == names.end() && IdentityTable::bundleID(entry.id) != bundleID) return byProgramOnly;
+    return static_cast<std::size_t>(found - names.begin());
 }
 
 } // namespace
 
 std::vector<InstalledApp> LinuxInstalledApplications::list() const {
-    std::vector<InstalledApp> apps;
-    std::vector<InstalledApp> further;
+    std::vector<std::pair<std::size_t, InstalledApp>> ranked;
     for (const auto& entry : m_entries.all()) {
         if (!entry.isShown || entry.isInTerminal) continue;
         InstalledApp app{entry.name, ApplicationIdentities::bundleID(entry), entry.path};
-        if (isNamedSo(entry, app.bundleID))
-            apps.push_back(std::move(app));
-        else if (!IdentityTable::isReserved(app.bundleID))
-            further.push_back(std::move(app));
+        const auto place = rank(entry, app.bundleID);
+        if (place < byProgramOnly || !IdentityTable::isReserved(app.bundleID))
+            ranked.emplace_back(place, std::move(app));
     }
-    std::ranges::move(further, std::back_inserter(apps));
+    std::ranges::stable_sort(ranked, {}, [](const auto& entry) { return entry.first; });
+    std::vector<InstalledApp> apps;
+    std::ranges::transform(ranked, std::back_inserter(apps), [](auto& entry) { return std::move(entry.second); });
     return apps;
 }
 
