@@ -15,8 +15,8 @@ TEST_P(ServiceManagerContract, aJobStartsTheProgramWithItsArguments) {
 }
 
 TEST_P(ServiceManagerContract, argumentsArriveAsTheyAre) {
-    const Arguments arguments{"--watchdog", "",   "two words",   "it's", "\"quoted\"",
-                              "$HOME",      "%n", "back\\slash", "زبان"};
+    const Arguments arguments{"--watchdog",  "",     "two words",  "it's",         "\"quoted\"", "$HOME", "%n",
+                              "back\\slash", "زبان", "two\nlines", "$$ ${HOME} %%"};
     bench().serviceManager().install(arguments);
     EXPECT_TRUE(bench().eventually([&] { return bench().job() == arguments; }));
 }
