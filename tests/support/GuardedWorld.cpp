@@ -1,5 +1,6 @@
 #include "tests/support/GuardedWorld.h"
 
+#include "app/platform/linux/services/GLibPointers.h"
 #include "app/platform/linux/services/watchdog/Keeper.h"
 #include "app/platform/linux/services/watchdog/SessionEnvironment.h"
 
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <gio/gdesktopappinfo.h>
 #include <iterator>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -47,13 +49,18 @@ std::vector<GuardedWorld::Process> processes() {
 
 } // namespace
 
-GuardedWorld::GuardedWorld(fs::path configDirectory, fs::path runtimeDirectory) {
-    const auto processName = "Velm-" + std::to_string(::getpid());
+GuardedWorld::GuardedWorld(fs::path configDirectory, fs::path runtimeDirectory)
+    : GuardedWorld{"Velm-" + std::to_string(::getpid()), std::move(configDirectory), std::move(runtimeDirectory)} {}
+
+GuardedWorld::GuardedWorld(const std::string& processName, fs::path configDirectory, fs::path runtimeDirectory) {
     const auto folder = m_directory.path() / "it's a \"100%\" $HOME \\ place";
+    // GLib looks for the executable of an entry before it has read a percent sign for what it is.
+    const auto checkerFolder = m_directory.path() / "it's \"another\" $HOME \\ place";
     fs::create_directories(folder);
+    fs::create_directories(checkerFolder);
     fs::create_directories(configDirectory);
     fs::create_directories(runtimeDirectory);
-    m_place = {processName, folder / processName, folder / "velmorin-watchdog", std::move(configDirectory),
+    m_place = {processName, folder / processName, checkerFolder / "velmorin-watchdog", std::move(configDirectory),
                std::move(runtimeDirectory)};
     fs::copy_file(VELMORIN_STAND_IN, m_place.program);
     fs::copy_file(VELMORIN_WATCHDOG, m_place.checker);
@@ -74,7 +81,7 @@ GuardedWorld::GuardedWorld(fs::path configDirectory, fs::path runtimeDirectory) 
 GuardedWorld::~GuardedWorld() {
     for (const auto& [name, value] : m_before)
         value ? ::setenv(name.c_str(), value->c_str(), 1) : ::unsetenv(name.c_str());
-    ::close(m_display);
+    closeDisplay();
     for (const auto process : keepers())
         kill(process);
     for (const auto process : living())
@@ -91,6 +98,19 @@ void GuardedWorld::listen() {
     m_display = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     ::bind(m_display, static_cast<const sockaddr*>(static_cast<const void*>(&address)), sizeof address);
     ::listen(m_display, 100);
+}
+
+void GuardedWorld::closeDisplay() {
+    if (m_display != -1) ::close(std::exchange(m_display, -1));
+}
+
+void GuardedWorld::launchAutostart() const {
+    for (const auto& entry : fs::directory_iterator{m_place.configDirectory / "autostart"}) {
+        const Object<GDesktopAppInfo> application{g_desktop_app_info_new_from_filename(entry.path().c_str())};
+        if (!application) continue;
+        g_app_info_launch(G_APP_INFO(application.get()), nullptr, nullptr, nullptr);
+    }
+    wait(1);
 }
 
 void GuardedWorld::wait(double seconds) {

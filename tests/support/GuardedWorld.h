@@ -22,6 +22,9 @@ public:
     /// Every path is below directories of the test's own; the program's path holds what paths may hold. Its processes
     /// have a name that those of no other test have.
     GuardedWorld(std::filesystem::path configDirectory, std::filesystem::path runtimeDirectory);
+    /// As above, with a name for the program's processes.
+    GuardedWorld(const std::string& processName, std::filesystem::path configDirectory,
+                 std::filesystem::path runtimeDirectory);
     GuardedWorld(const GuardedWorld&) = delete;
     GuardedWorld& operator=(const GuardedWorld&) = delete;
     ~GuardedWorld();
@@ -40,6 +43,11 @@ public:
     std::optional<Process> openedBy(Process process);
     Process launch();
     void kill(Process process);
+    /// Has the display server of this session end.
+    void closeDisplay();
+    /// Runs the autostart entries as a desktop does at login, with GLib's reading of them, and returns when they have
+    /// gone into the background.
+    void launchAutostart() const;
     /// What lies where jobs are kept.
     std::vector<std::string> filesLeft() const;
 

@@ -1,0 +1,101 @@
+#include "app/platform/linux/services/BusConnection.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+namespace velmorin {
+
+namespace {
+
+std::optional<std::string> environmentVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr || *value == '\0' ? std::nullopt : std::optional<std::string>{value};
+}
+
+std::string addressOf(const std::filesystem::path& socket) {
+    const Text path{g_dbus_address_escape_value(socket.c_str())};
+    return std::string{"unix:path="} + path.get();
+}
+
+} // namespace
+
+std::optional<std::string> busAddress(Bus bus) {
+    const bool isSystem = bus == Bus::system;
+    if (auto address = environmentVariable(isSystem ? "DBUS_SYSTEM_BUS_ADDRESS" : "DBUS_SESSION_BUS_ADDRESS"))
+        return address;
+    if (isSystem) return addressOf("/run/dbus/system_bus_socket");
+    const auto runtimeDirectory = environmentVariable("XDG_RUNTIME_DIR");
+    return runtimeDirectory ? std::optional{addressOf(std::filesystem::path{*runtimeDirectory} / "bus")} : std::nullopt;
+}
+
+struct BusConnection::State {
+    Ready ready;
+    Object<GCancellable> isOver{g_cancellable_new()};
+    Object<GDBusConnection> connection;
+
+    static void arrive(GObject*, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<std::weak_ptr<State>> owner{static_cast<std::weak_ptr<State>*>(data)};
+        Object<GDBusConnection> made{g_dbus_connection_new_for_address_finish(result, nullptr)};
+        const auto state = owner->lock();
+        if (!state || !made) return;
+        state->connection = std::move(made);
+        state->ready(state->connection.get());
+    }
+};
+
+BusConnection::BusConnection(Bus bus, Ready ready) : m_state{std::make_shared<State>()} {
+    m_state->ready = std::move(ready);
+    const auto address = busAddress(bus);
+    if (!address) return;
+    const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    g_dbus_connection_new_for_address(address->c_str(), flags, nullptr, m_state->isOver.get(), State::arrive,
+                                      new std::weak_ptr<State>{m_state});
+}
+
+BusConnection::~BusConnection() {
+    g_cancellable_cancel(m_state->isOver.get());
+    if (m_state->connection) g_dbus_connection_close(m_state->connection.get(), nullptr, nullptr, nullptr);
+}
+
+GDBusConnection* BusConnection::get() const {
+    return m_state->connection.get();
+}
+
+SignalSubscription::SignalSubscription(GDBusConnection* connection, const char* sender, const char* path,
+                                       const char* interface, Handler handler)
+    : m_connection{G_DBUS_CONNECTION(g_object_ref(connection))} {
+    const auto call = [](GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* member,
+                         GVariant* parameters, gpointer data) {
+        // It may end the subscription, and with it itself.
+        const auto held = *static_cast<Handler*>(data);
+        held(member, parameters);
+    };
+    const auto drop = [](gpointer data) { delete static_cast<Handler*>(data); };
+    m_number =
+        g_dbus_connection_signal_subscribe(connection, sender, interface, nullptr, path, nullptr,
+                                           G_DBUS_SIGNAL_FLAGS_NONE, call, new Handler{std::move(handler)}, drop);
+}
+
+SignalSubscription::SignalSubscription(SignalSubscription&& other) noexcept
+    : m_connection{std::move(other.m_connection)}, m_number{std::exchange(other.m_number, 0)} {}
+
+SignalSubscription& SignalSubscription::operator=(SignalSubscription&& other) noexcept {
+    if (this != &other) {
+        end();
+        m_connection = std::move(other.m_connection);
+        m_number = std::exchange(other.m_number, 0);
+    }
+    return *this;
+}
+
+SignalSubscription::~SignalSubscription() {
+    end();
+}
+
+void SignalSubscription::end() {
+    if (m_number != 0) g_dbus_connection_signal_unsubscribe(m_connection.get(), std::exchange(m_number, 0));
+}
+
+} // namespace velmorin

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "app/platform/linux/services/GLibPointers.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace velmorin {
+
+enum class Bus { system, session };
+
+/// Where a bus is, as the environment or the usual place tells; absent where there is none. Starts nothing.
+std::optional<std::string> busAddress(Bus bus);
+
+/// A connection of its own to a message bus, made on the main loop without holding anything up. Where there is no bus,
+/// or it goes, nothing happens. Main thread.
+class BusConnection {
+public:
+    using Ready = std::function<void(GDBusConnection*)>;
+    using Handler = std::function<void(const char* member, GVariant* parameters)>;
+
+    /// Calls `ready` once, later, when the connection is made, unless this is gone by then.
+    BusConnection(Bus bus, Ready ready);
+    BusConnection(const BusConnection&) = delete;
+    BusConnection& operator=(const BusConnection&) = delete;
+    ~BusConnection();
+
+    /// Null as long as there is none.
+    GDBusConnection* get() const;
+
+private:
+    struct State;
+
+    std::shared_ptr<State> m_state;
+};
+
+/// Signals of one object, handed on until this goes.
+class SignalSubscription {
+public:
+    using Handler = BusConnection::Handler;
+
+    SignalSubscription() = default;
+    SignalSubscription(GDBusConnection* connection, const char* sender, const char* path, const char* interface,
+                       Handler handler);
+    SignalSubscription(SignalSubscription&& other) noexcept;
+    SignalSubscription& operator=(SignalSubscription&& other) noexcept;
+    SignalSubscription(const SignalSubscription&) = delete;
+    SignalSubscription& operator=(const SignalSubscription&) = delete;
+    ~SignalSubscription();
+
+private:
+    void end();
+
+    Object<GDBusConnection> m_connection;
+    unsigned m_number = 0;
+};
+
+} // namespace velmorin

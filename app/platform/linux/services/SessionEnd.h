@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/platform/linux/services/BusConnection.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmorin {
+
+/// Listens to those who announce the end: of the machine (logind, on the system bus) and of the user's session (the
+/// session managers of GNOME and its kin, and of XFCE, on the session bus). To a session manager it never objects.
+/// Where nobody speaks, nothing is heard. Main thread; the making of this takes no time.
+class SessionEnd {
+public:
+    struct Calls {
+        std::function<void()> onAnnounced; ///< the machine shuts down or restarts, or the user is logged out
+        std::function<void()> onStop;      ///< a session manager wants this program to end
+    };
+
+    /// `identifier` is what a session manager knows this program by.
+    SessionEnd(std::string identifier, Calls calls);
+    SessionEnd(const SessionEnd&) = delete;
+    SessionEnd& operator=(const SessionEnd&) = delete;
+    ~SessionEnd();
+
+private:
+    class Client;
+
+    void listenToLogind(GDBusConnection* connection);
+    void registerWithManagers(GDBusConnection* connection);
+
+    std::string m_identifier;
+    Calls m_calls;
+    SignalSubscription m_shutdown;
+    std::vector<std::unique_ptr<Client>> m_clients;
+    // These call the others, so they go first.
+    BusConnection m_systemBus;
+    BusConnection m_sessionBus;
+};
+
+} // namespace velmorin
