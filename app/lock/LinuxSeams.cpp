@@ -43,6 +43,13 @@ LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, 
       identities{entries, processes},
       launcher{entries},
       workspace{*connection, {identities, processes, launcher, ApplicationIdentity{bundleID, "Dravoni", std::nullopt}}},
-      application{loop} {}
+      application{loop, bundleID,
+                  [this] {
+                      if (onQuitRequest) onQuitRequest();
+                  }},
+      serviceManager{{places.program.filename().string(), places.program, places.companion("velmorin-watchdog"),
+                      places.configuration, places.runtime},
+                     childProcesses,
+                     files} {}
 
 } // namespace velmorin

@@ -7,6 +7,8 @@
 #include "app/platform/linux/applications/ProcFS.h"
 #include "app/platform/linux/loop/LoopTimers.h"
 #include "app/platform/linux/loop/MainLoop.h"
+#include "app/platform/linux/services/LinuxApplication.h"
+#include "app/platform/linux/services/LinuxServiceManager.h"
 #include "app/platform/linux/x11/X11Connection.h"
 #include "app/platform/linux/x11/X11Workspace.h"
 #include "app/platform/posix/PosixChildProcesses.h"
@@ -15,6 +17,7 @@
 #include "core/store/PosixFiles.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -59,10 +62,11 @@ struct LinuxSeams {
     ApplicationIdentities identities;
     ApplicationLauncher launcher;
     X11Workspace workspace;
-    PendingApplication application;
+    std::function<void()> onQuitRequest; ///< somebody asks this program to end; assigned once by its owner
+    LinuxApplication application;
     NoSounds sounds;
     NoShortcuts shortcuts;
-    NoServices serviceManager;
+    LinuxServiceManager serviceManager;
     NoRelay relay;
 };
 

@@ -32,7 +32,7 @@ LockProgram::LockProgram(LinuxSeams& seams, LockOptions options, std::optional<P
     m_appearance.apply(*m_data.settings());
     m_controller.autoReturnFromWarnings = m_options.returnsByItself;
     m_controller.watchdogArguments = m_options.forWatchdog();
-    m_seams.application.onTerminate = [this] { askToQuit(); };
+    m_seams.onQuitRequest = [this] { askToQuit(); };
 }
 
 int LockProgram::run() {

@@ -4,6 +4,7 @@
 #include "app/lock/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/lock/LockProgram.h"
+#include "app/platform/linux/services/SingleInstance.h"
 #include "core/foundation/JSONArguments.h"
 
 #include <csignal>
@@ -60,6 +61,12 @@ int run(const LockOptions& options) {
     // Whoever reads the events may go; the session goes on.
     std::signal(SIGPIPE, SIG_IGN);
     const auto directory = options.launch.homeDirectory.value_or(JSONStore::defaultDirectory(places.data));
+    const SingleInstance instance{loop, directory};
+    if (!instance.isFirst() && !options.listsApplications) {
+        // The one that runs has the session.
+        std::cerr << "velmorin-lock: it runs already\n";
+        return options.launch.launchedByWatchdog ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     LinuxSeams seams{places, directory, loop, std::move(display)};
     seams.connection->onLost = [&loop] { loop.quit(EXIT_FAILURE); };
     if (options.listsApplications) {

@@ -3,6 +3,7 @@
 import json
 import queue
 import re
+import shutil
 import threading
 import time
 import uuid
@@ -13,6 +14,9 @@ from desktop import PATIENCE, wait_until
 SINCE_2001 = 978307200.0  # seconds from 1970 to 2001, where the stored dates begin
 
 ICONIC = "Iconic"
+
+# What velmorin-lock starts itself.
+COMPANIONS = ["velmorin-watchdog", "velmorin-browser-script", "velmorin-browser-host"]
 
 
 def now():
@@ -56,9 +60,17 @@ class Windows:
 class Lock:
     """A running velmorin-lock, its events and its store."""
 
-    def __init__(self, desktop, programs, *, home=None, environment=None):
-        self.desktop, self.programs = desktop, Path(programs)
-        self.home = Path(home or desktop.home / "store")
+    def __init__(self, desktop, programs, *, environment=None):
+        self.desktop = desktop
+        self.home = desktop.home / "store"
+        # The watchdog goes by the name of the program, so each desktop has a name of its own.
+        self.folder = desktop.folder / "bin"
+        self.program = self.folder / f"lock-{uuid.uuid4().hex[:8]}"
+        self.folder.mkdir()
+        for name in COMPANIONS:
+            if (Path(programs) / name).exists():
+                shutil.copy(Path(programs) / name, self.folder / name)
+        shutil.copy(Path(programs) / "velmorin-lock", self.program)
         self.environment = environment or {}
         self.events = []
         self._fresh = queue.Queue()
@@ -73,7 +85,7 @@ class Lock:
             path.write_text(json.dumps(profile))
             arguments.append(path)
         self.process = self.desktop.start(
-            self.programs / "velmorin-lock", *arguments, environment=self.environment, stdin=-1, stdout=-1,
+            self.program, *arguments, environment=self.environment, stdin=-1, stdout=-1,
             stderr=None, text=True, bufsize=1,
         )
         threading.Thread(target=self._read, args=[self.process], daemon=True).start()
@@ -85,6 +97,15 @@ class Lock:
     def kill(self):
         self.process.kill()
         self.process.wait()
+
+    def pids(self):
+        """The processes of this name that run, whoever has started them."""
+        found = self.desktop.run("pgrep", "-x", self.program.name, check=False).split()
+        return [int(pid) for pid in found]
+
+    def keepers(self):
+        """What the watchdog has running in the background, by its command line."""
+        return self.desktop.run("pgrep", "-f", f"keep {self.program.name}", check=False).split()
 
     def _read(self, process):
         for line in process.stdout:
