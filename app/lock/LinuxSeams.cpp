@@ -33,6 +33,15 @@ std::filesystem::path LinuxPlaces::companion(const std::string& name) const {
     return program.parent_path().parent_path() / "libexec" / "velmorin" / name;
 }
 
+std::filesystem::path LinuxPlaces::resources(const std::string& name) const {
+    const auto prefix = program.parent_path().parent_path();
+    const auto installed = prefix / "share" / "velmorin" / name;
+    std::error_code missing;
+    if (std::filesystem::exists(installed, missing)) return installed;
+    // A build tree is build/PRESET below the sources.
+    return prefix.parent_path().parent_path() / "resources" / name;
+}
+
 LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, MainLoop& mainLoop,
                        std::unique_ptr<X11Connection> display)
     : places{std::move(where)},
@@ -47,6 +56,7 @@ LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, 
                   [this] {
                       if (onQuitRequest) onQuitRequest();
                   }},
+      sounds{places.resources("sounds"), files},
       serviceManager{{places.program.filename().string(), places.program, places.companion("velmorin-watchdog"),
                       places.configuration, places.runtime},
                      childProcesses,

@@ -9,6 +9,7 @@
 #include "app/platform/linux/loop/MainLoop.h"
 #include "app/platform/linux/services/LinuxApplication.h"
 #include "app/platform/linux/services/LinuxServiceManager.h"
+#include "app/platform/linux/services/LinuxSounds.h"
 #include "app/platform/linux/x11/X11Connection.h"
 #include "app/platform/linux/x11/X11Workspace.h"
 #include "app/platform/posix/PosixChildProcesses.h"
@@ -35,6 +36,8 @@ struct LinuxPlaces {
     /// A program of ours: beside this one, as in a build tree, or where the installation puts what nobody calls by
     /// hand.
     std::filesystem::path companion(const std::string& name) const;
+    /// A folder of what comes with the program: the source tree's for one that was built there, else the installed one.
+    std::filesystem::path resources(const std::string& name) const;
 };
 
 /// Every seam of the engine on a Linux desktop, made in the order in which they need each other. Main thread.
@@ -64,7 +67,7 @@ struct LinuxSeams {
     X11Workspace workspace;
     std::function<void()> onQuitRequest; ///< somebody asks this program to end; assigned once by its owner
     LinuxApplication application;
-    NoSounds sounds;
+    LinuxSounds sounds;
     NoShortcuts shortcuts;
     LinuxServiceManager serviceManager;
     NoRelay relay;

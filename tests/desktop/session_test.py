@@ -95,7 +95,7 @@ class SessionTest(unittest.TestCase):
         self.lock.start(profile([XTERM]), "--ticks")
         self.lock.await_event("began")
         time.sleep(1.5)
-        stubborn = self.show_window("stubborn", "--ignore-closing")
+        stubborn = self.show_window("stubborn", "--ignore-closing", "--behind")  # its activation would be a pass of its own
         launched = self.lock.await_event("launched")["at"]
         wait_until(self.iconic(stubborn))
         ticks = [event["at"] for event in self.lock.seen("tick") if event["at"] > launched]

@@ -59,7 +59,7 @@ std::pair<std::string, std::string> classNames(std::string_view text) {
 }
 
 /// The role of the first type that is known; a window without a type is an application's.
-X11Client::Role roleOf(const X11Property& types, const xcb_ewmh_connection_t& ewmh) {
+X11Client::Role roleOf(const std::vector<xcb_atom_t>& types, const xcb_ewmh_connection_t& ewmh) {
     using Role = X11Client::Role;
     const std::array<std::pair<xcb_atom_t, Role>, 9> roles{{
         {ewmh._NET_WM_WINDOW_TYPE_NORMAL, Role::application},
@@ -72,7 +72,7 @@ X11Client::Role roleOf(const X11Property& types, const xcb_ewmh_connection_t& ew
         {ewmh._NET_WM_WINDOW_TYPE_MENU, Role::attachment},
         {ewmh._NET_WM_WINDOW_TYPE_SPLASH, Role::attachment},
     }};
-    for (const auto type : types.words()) {
+    for (const auto type : types) {
         const auto found = std::ranges::find(roles, type, [](const auto& entry) { return entry.first; });
         if (found != roles.end()) return found->second;
     }
@@ -101,7 +101,8 @@ std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t 
     client.processID = processID(std::move(process), claimed);
     client.instance = std::move(instance);
     client.className = std::move(className);
-    client.role = roleOf(type, ewmh);
+    client.types = type.words();
+    client.role = roleOf(client.types, ewmh);
     client.skipsTaskbar = state.lists(ewmh._NET_WM_STATE_SKIP_TASKBAR);
     // Some managers keep iconified windows mapped; one of these two tells in every case.
     client.isIconic = managerState.firstWord() == iconicState || state.lists(ewmh._NET_WM_STATE_HIDDEN);
@@ -124,7 +125,9 @@ X11Clients::X11Clients(X11Connection& connection, std::function<void(const Chang
 }
 
 const X11Client* X11Clients::active() const {
-    return find(m_active);
+    const auto* client = find(m_active);
+    // Some managers leave an iconified window the focus when there is no other.
+    return client != nullptr && client->isIconic ? nullptr : client;
 }
 
 const X11Client* X11Clients::find(xcb_window_t window) const {
@@ -160,8 +163,9 @@ void X11Clients::catchUp() {
     if (std::exchange(m_isActiveStale, false)) {
         readActive();
         // A window that has just come may be told of as active before it is as listed.
-        const bool isStrange = m_active != XCB_WINDOW_NONE && find(m_active) == nullptr;
-        if (isStrange) readList();
+        if (m_active != XCB_WINDOW_NONE && find(m_active) == nullptr) readList();
+        // One that has just been brought back may be told of as active before it is as shown.
+        if (const auto* client = find(m_active); client != nullptr && client->isIconic) take(std::array{m_active});
         // Nothing else may keep whoever waits for this.
         tell();
     }
@@ -182,11 +186,8 @@ void X11Clients::readActive() {
     const auto cookie =
         X11Property::request(m_connection.get(), m_connection.root(), m_connection.ewmh()._NET_ACTIVE_WINDOW);
     const auto active = X11Property{m_connection.get(), cookie}.firstWord().value_or(XCB_WINDOW_NONE);
-    if (active == m_active) return;
+    m_change.isActiveNew = m_change.isActiveNew || active != m_active;
     m_active = active;
-    m_change.isActiveNew = true;
-    // Whatever the manager writes later: what is active is on the screen.
-    if (const auto found = m_windows.find(active); found != m_windows.end()) found->second.isIconic = false;
 }
 
 void X11Clients::readList() {

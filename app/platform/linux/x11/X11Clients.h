@@ -30,6 +30,7 @@ struct X11Client {
     std::string instance;                  ///< of WM_CLASS, as `className`; empty where there is none
     std::string className;
     Role role = Role::application;
+    std::vector<xcb_atom_t> types; ///< as the window names them, the preferred one first
     bool skipsTaskbar = false;
     bool isIconic = false;
     bool wasHiddenByUs = false; ///< bears our mark
@@ -58,7 +59,7 @@ public:
     const Windows& all() const { return m_windows; }
     /// In the order in which they were mapped first.
     const std::vector<xcb_window_t>& order() const { return m_order; }
-    /// The active window; none where there is none, or where it is no managed one.
+    /// The active window; null where there is none on the screen, or where it is no managed one.
     const X11Client* active() const;
     const X11Client* find(xcb_window_t window) const;
     /// The time of the last event, on the server's clock.

@@ -37,7 +37,7 @@ bool mayBeIconified(const std::vector<std::uint32_t>& hints) {
 X11Desk::X11Desk(X11Connection& connection, std::function<void(const X11Clients::Change&)> changed)
     : m_connection{connection},
       m_clients{connection, [this, changed = std::move(changed)](const X11Clients::Change& change) {
-                    if (change.isActiveNew) noteActive();
+                    noteActive();
                     dropMarks(change);
                     changed(change);
                 }} {
@@ -56,7 +56,7 @@ void X11Desk::hide(Windows windows) {
     for (const auto window : windows) {
         const auto* client = m_clients.find(window);
         if (client == nullptr || client->isIconic) continue;
-        allowIconifying(*client);
+        allowIconifying(*client, now);
         m_connection.askManager(window, m_connection.atoms().wmChangeState, iconicState);
         m_hideRequests[window] = now;
         hidden.push_back(window);
@@ -82,6 +82,8 @@ void X11Desk::show(Windows windows) {
         bringToFront(window);
         xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
         m_hideRequests.erase(window);
+        if (const auto types = m_ownTypes.extract(window); !types.empty())
+            setWords(window, m_connection.ewmh()._NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM, types.mapped());
     }
     const auto* active = m_clients.active();
     if (!hidden.empty() && active != nullptr) {
@@ -121,7 +123,8 @@ void X11Desk::activate(Windows windows) {
 
 void X11Desk::noteActive() {
     const auto* active = m_clients.active();
-    if (active == nullptr) return;
+    const xcb_window_t window = active == nullptr ? xcb_window_t{XCB_WINDOW_NONE} : active->window;
+    if (std::exchange(m_active, window) == window || active == nullptr) return;
     m_lastActive[active->window] = ++m_activations;
     // It has come back, whatever it was asked before.
     m_hideRequests.erase(active->window);
@@ -146,6 +149,7 @@ void X11Desk::dropMarks(const X11Clients::Change& change) {
         if (client == nullptr) {
             m_hideRequests.erase(window);
             m_lastActive.erase(window);
+            m_ownTypes.erase(window);
         } else if (client->wasHiddenByUs && !isHidden(*client)) {
             // Somebody else has brought it back; whoever iconifies it next means it.
             xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
@@ -154,18 +158,31 @@ void X11Desk::dropMarks(const X11Clients::Change& change) {
     }
 }
 
-void X11Desk::allowIconifying(const X11Client& client) {
-    if (mayBeIconified(client.motifHints)) return;
-    auto hints = client.motifHints;
-    hints[motifFunctions] ^= motifMinimize;
-    const auto atom = m_connection.atoms().motifHints;
-    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, client.window, atom, atom, 32,
-                        static_cast<std::uint32_t>(hints.size()), hints.data());
+void X11Desk::allowIconifying(const X11Client& client, Moment now) {
+    if (!mayBeIconified(client.motifHints)) {
+        auto hints = client.motifHints;
+        hints[motifFunctions] ^= motifMinimize;
+        setWords(client.window, m_connection.atoms().motifHints, m_connection.atoms().motifHints, hints);
+    }
+    // A manager that has let the last request pass does not iconify windows of this type. As a normal one it does.
+    const auto request = m_hideRequests.find(client.window);
+    const bool wasIgnored = request != m_hideRequests.end() && now - request->second >= hideTime;
+    const auto& ewmh = m_connection.ewmh();
+    if (!wasIgnored || client.types.empty() || client.types.front() == ewmh._NET_WM_WINDOW_TYPE_NORMAL) return;
+    m_ownTypes.try_emplace(client.window, client.types);
+    setWords(client.window, ewmh._NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM, {ewmh._NET_WM_WINDOW_TYPE_NORMAL});
+}
+
+void X11Desk::setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                       const std::vector<std::uint32_t>& words) {
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, property, type, 32,
+                        static_cast<std::uint32_t>(words.size()), words.data());
 }
 
 void X11Desk::bringToFront(xcb_window_t window) {
     constexpr std::uint32_t sourceIsTool = 2; // EWMH: a pager or the like, which acts for the user
-    m_connection.askManager(window, m_connection.ewmh()._NET_ACTIVE_WINDOW, sourceIsTool, m_clients.time());
+    // Without a time of its own, or a manager could take the request for one that has been overtaken.
+    m_connection.askManager(window, m_connection.ewmh()._NET_ACTIVE_WINDOW, sourceIsTool, XCB_CURRENT_TIME);
 }
 
 std::uint64_t X11Desk::lastActive(xcb_window_t window) const {

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <span>
+#include <vector>
 #include <xcb/xcb.h>
 
 namespace velmorin {
@@ -48,14 +49,17 @@ private:
     void noteActive();
     void keepBehind(xcb_window_t active);
     void dropMarks(const X11Clients::Change& change);
-    void allowIconifying(const X11Client& client);
+    void allowIconifying(const X11Client& client, Moment now);
+    void setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, const std::vector<std::uint32_t>& words);
     void bringToFront(xcb_window_t window);
     std::uint64_t lastActive(xcb_window_t window) const;
 
     X11Connection& m_connection;
     X11Clients m_clients;
     std::map<xcb_window_t, Moment> m_hideRequests;
+    std::map<xcb_window_t, std::vector<xcb_atom_t>> m_ownTypes; ///< of windows that were given another
     Shown m_shown;
+    xcb_window_t m_active = XCB_WINDOW_NONE;            ///< as noted last
     std::map<xcb_window_t, std::uint64_t> m_lastActive; ///< the higher, the later
     std::uint64_t m_activations = 0;
 };
