@@ -6,10 +6,11 @@
 
 namespace velmorin {
 
-/// The desktop entries that the menus of this desktop show, under the identifiers that their processes will have, in the
-/// order of the data folders. What runs in a terminal is no application of its own, since its window is the terminal's.
-/// Of several entries with one identifier the preferred name comes first, and last what only shares the program, as web
-/// applications do with their browser. Of a part of the system such entries open settings, and are left out.
+/// The desktop entries that the menus of this desktop show, under the identifiers that their processes will have, in
+/// the order of the data folders. What runs in a terminal is no application of its own, since its window is the
+/// terminal's. Of several entries with one identifier the preferred name comes first, and last what only shares the
+/// program, as web applications do with their browser. Of a part of the system such entries open settings, and are left
+/// out.
 class LinuxInstalledApplications final : public InstalledApplications {
 public:
     /// Both must outlive this.
