@@ -67,7 +67,42 @@ public:
         return Clock::now();
     }
 
+    /// When an iconified window was told of as active, and when as iconified again.
+    struct Times {
+        Clock::time_point active;
+        Clock::time_point hidden;
+    };
+
+    /// Activates a window and reads the events that come of it, each at the moment it arrives: whoever hides the window
+    /// may be done before its state could be asked for.
+    Times bringBack(xcb_window_t window) {
+        while (const X11Reply<xcb_generic_event_t> old{xcb_poll_for_event(m_connection)}) {
+        }
+        activate(window);
+        std::optional<Clock::time_point> active;
+        int stateChanges = 0; // it is brought back, and iconified again
+        for (;;) {
+            const X11Reply<xcb_generic_event_t> event{waitForEvent()};
+            const auto now = Clock::now();
+            xcb_property_notify_event_t property{};
+            std::memcpy(&property, event.get(), sizeof property);
+            if (property.response_type != XCB_PROPERTY_NOTIFY) continue;
+            if (property.window == m_root && property.atom == m_active && !active) active = now;
+            if (property.window == window && property.atom == m_state && ++stateChanges == 2)
+                return {active.value_or(now), now};
+        }
+    }
+
 private:
+    xcb_generic_event_t* waitForEvent() {
+        constexpr int patience = 10'000; // milliseconds
+        for (;;) {
+            if (auto* event = xcb_poll_for_event(m_connection)) return event;
+            pollfd descriptor{xcb_get_file_descriptor(m_connection), POLLIN, 0};
+            if (::poll(&descriptor, 1, patience) == 0) throw std::runtime_error{"nobody hides the window"};
+        }
+    }
+
     xcb_atom_t atom(const std::string& name) {
         const auto cookie = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
         const X11Reply<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(m_connection, cookie, nullptr)};
@@ -149,11 +184,10 @@ void measure(const std::string& windowProgram, int count, const std::vector<std:
         screen.await([&] { return screen.isActive(allowed.window()); });
         ::usleep(30'000);
         const auto asked = Clock::now();
-        screen.activate(game.window());
-        const auto active = screen.await([&] { return screen.isActive(game.window()); });
-        const auto hidden = screen.await([&] { return screen.isIconic(game.window()); });
-        reactions.push_back(std::chrono::duration<double, std::milli>{hidden - active}.count());
-        fromRequest.push_back(std::chrono::duration<double, std::milli>{hidden - asked}.count());
+        const auto times = screen.bringBack(game.window());
+        reactions.push_back(std::chrono::duration<double, std::milli>{times.hidden - times.active}.count());
+        fromRequest.push_back(std::chrono::duration<double, std::milli>{times.hidden - asked}.count());
+        screen.await([&] { return screen.isIconic(game.window()); });
     }
     ::kill(locker, SIGKILL);
     ::waitpid(locker, nullptr, 0);

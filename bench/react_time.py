@@ -34,13 +34,14 @@ def main():
     count = int(sys.argv[2]) if len(sys.argv) > 2 else 200
     for manager in sys.argv[3:] or ["openbox", "xfwm4"]:
         print(manager)
-        with Desktop(manager) as desktop:
-            path = desktop.folder / "profile.json"
-            path.write_text(json.dumps(profile(["allowed"], minutes=60)))
-            for turn in range(2):
-                measure(desktop, programs, count, "bare loop", ["bare"])
-                locker = [programs / "velmorin-lock", "--home", desktop.home / f"store{turn}", path]
-                measure(desktop, programs, count, "velmorin-lock", locker)
+        for _ in range(2):
+            for name in ("bare loop", "velmorin-lock"):
+                # A desktop for each: a session that is killed goes on.
+                with Desktop(manager) as desktop:
+                    path = desktop.folder / "profile.json"
+                    path.write_text(json.dumps(profile(["allowed"], minutes=60)))
+                    locker = [programs / "velmorin-lock", "--home", desktop.home / "store", path]
+                    measure(desktop, programs, count, name, ["bare"] if name == "bare loop" else locker)
 
 
 if __name__ == "__main__":

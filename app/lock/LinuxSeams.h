@@ -7,6 +7,7 @@
 #include "app/platform/linux/applications/ProcFS.h"
 #include "app/platform/linux/loop/LoopTimers.h"
 #include "app/platform/linux/loop/MainLoop.h"
+#include "app/platform/linux/relay/CurlRelayTransport.h"
 #include "app/platform/linux/services/LinuxApplication.h"
 #include "app/platform/linux/services/LinuxServiceManager.h"
 #include "app/platform/linux/services/LinuxSounds.h"
@@ -70,7 +71,7 @@ struct LinuxSeams {
     LinuxSounds sounds;
     NoShortcuts shortcuts;
     LinuxServiceManager serviceManager;
-    NoRelay relay;
+    CurlRelayTransport relay;
 };
 
 } // namespace velmorin
