@@ -57,7 +57,8 @@ public:
     Clock::time_point await(Condition condition) {
         const auto deadline = Clock::now() + std::chrono::seconds{20};
         while (!condition()) {
-            if (Clock::now() > deadline) throw std::runtime_error{"nothing happens"};
+            if (Clock::now() > deadline || xcb_connection_has_error(m_connection) != 0)
+                throw std::runtime_error{"nothing happens"};
             pollfd descriptor{xcb_get_file_descriptor(m_connection), POLLIN, 0};
             bool hasEvents = false;
             while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_connection)})
@@ -98,6 +99,7 @@ private:
         constexpr int patience = 10'000; // milliseconds
         for (;;) {
             if (auto* event = xcb_poll_for_event(m_connection)) return event;
+            if (xcb_connection_has_error(m_connection) != 0) throw std::runtime_error{"the display has gone"};
             pollfd descriptor{xcb_get_file_descriptor(m_connection), POLLIN, 0};
             if (::poll(&descriptor, 1, patience) == 0) throw std::runtime_error{"nobody hides the window"};
         }
