@@ -56,6 +56,8 @@ class Desktop:
         self.environment = {}
 
     def __enter__(self):
+        # Whoever is told to stop takes its desktop along.
+        signal.signal(signal.SIGTERM, lambda number, _: sys.exit(128 + number))
         self.folder = Path(tempfile.mkdtemp(prefix="velmorin-desktop-"))
         self.home = self.folder / "home"
         self.runtime = self.folder / "run"
