@@ -1,6 +1,7 @@
 #include "tests/contracts/GuardedProgramContract.h"
 
 #include <gmock/gmock.h>
+#include <random>
 
 namespace velmorin {
 namespace {
@@ -40,6 +41,27 @@ TEST_P(GuardedProgramContract, aProgramThatIsNotThereIsStartedWithItsArguments) 
     bench().serviceManager().install(arguments);
     const auto program = awaitProgram();
     EXPECT_EQ(bench().argumentsOf(program), arguments);
+}
+
+TEST_P(GuardedProgramContract, wordsOfAllKindsArriveAsOneWordEach) {
+    // Whatever means something to whoever reads command lines, and all control characters.
+    std::vector<std::string> signs{"%", "%%", "$", "${",  "}", "\\",   "\"", "'",    " ",      "  ", ";",
+                                   "#", "=",  "-", "@",   ":", "!",    "+",  "*",    "?",      "~",  "`",
+                                   "&", "|",  "<", "x41", "n", "HOME", "é",  "سلام", "\u200C", "😀"};
+    for (char control = 1; control < ' '; ++control)
+        signs.emplace_back(1, control);
+    signs.emplace_back(1, '\x7F');
+    std::mt19937 random{20}; // NOLINT(cert-msc51-cpp): the same words each time
+    Arguments words{"--watchdog"};
+    constexpr int count = 300;
+    constexpr int longest = 12;
+    for (int word = 0; word < count; ++word) {
+        words.emplace_back();
+        for (auto length = random() % longest; length > 0; --length)
+            words.back() += signs[random() % signs.size()];
+    }
+    bench().serviceManager().install(words);
+    EXPECT_EQ(bench().argumentsOf(awaitProgram()), words);
 }
 
 TEST_P(GuardedProgramContract, aKilledProgramIsBackInTimeEachTime) {
