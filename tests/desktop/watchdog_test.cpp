@@ -1,6 +1,7 @@
 // A program of the true name, killed again and again while a session is guarded, with a service manager and without.
 
 #include "app/platform/linux/services/LinuxServiceManager.h"
+#include "app/platform/linux/services/watchdog/ProcessLookup.h"
 #include "app/platform/posix/PosixChildProcesses.h"
 #include "core/store/PosixFiles.h"
 #include "tests/support/GuardedWorld.h"
@@ -9,14 +10,21 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <cstring>
 #include <gmock/gmock.h>
 #include <iostream>
 #include <random>
+#include <sys/socket.h>
+#include <sys/un.h>
 
 namespace velmorin {
 namespace {
 
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using ::testing::SizeIs;
 
 /// Seconds that a call takes.
@@ -32,10 +40,48 @@ double medianOf(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
+/// The program's true name, for one test on a machine at a time: the stand-in of one would count for another.
+class TrueName {
+public:
+    TrueName() {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        // Without a file, and free again when this process ends.
+        std::memcpy(address.sun_path + 1, lock.data(), lock.size());
+        const auto* generic = static_cast<const sockaddr*>(static_cast<const void*>(&address));
+        wait([&] { return ::bind(m_socket, generic, sizeof address) == 0; });
+        wait([] { return !isProcessAlive(text, ::getuid()); });
+    }
+    TrueName(const TrueName&) = delete;
+    TrueName& operator=(const TrueName&) = delete;
+    ~TrueName() { ::close(m_socket); }
+
+    static constexpr const char* text = "Velmorin";
+
+private:
+    static constexpr std::string_view lock = "velmorin-test-of-the-true-name";
+
+    template <class Condition>
+    static void wait(Condition condition) {
+        constexpr double patience = 300; // seconds
+        constexpr double step = 0.1;     // seconds
+        double waited = 0;
+        for (; !condition() && waited < patience; waited += step)
+            GuardedWorld::wait(step);
+        EXPECT_LT(waited, patience) << "another process of the program's name is there";
+    }
+
+    int m_socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+};
+
 class Watchdog {
 public:
+    /// Guards a stand-in of a name of its own.
     Watchdog(std::filesystem::path configDirectory, std::filesystem::path runtimeDirectory)
-        : world{"Velmorin", std::move(configDirectory), std::move(runtimeDirectory)} {}
+        : world{std::move(configDirectory), std::move(runtimeDirectory)} {}
+    /// Guards one of the program's name.
+    Watchdog(const TrueName&, std::filesystem::path configDirectory, std::filesystem::path runtimeDirectory)
+        : world{TrueName::text, std::move(configDirectory), std::move(runtimeDirectory)} {}
     ~Watchdog() { serviceManager.remove(); }
 
     /// Kills the one program that lives at a random moment and gives the seconds until another does.
@@ -91,9 +137,9 @@ int times() {
 TEST(WatchdogTest, aServiceManagerBringsTheProgramBackUntilTheJobIsRemoved) {
     const UserManagerProcess manager;
     if (manager.obstacle()) GTEST_SKIP() << *manager.obstacle();
-    Watchdog watchdog{manager.configDirectory(), manager.runtimeDirectory()};
+    const TrueName name;
+    Watchdog watchdog{name, manager.configDirectory(), manager.runtimeDirectory()};
     std::cout << "installed in " << duration([&] { watchdog.serviceManager.install({"--watchdog"}); }) << " s\n";
-    EXPECT_THAT(watchdog.world.keepers(), SizeIs(::testing::Le(1))) << "a check at most";
     watchdog.awaitProgram();
     watchdog.killAgainAndAgain(times());
     watchdog.expectNothingAfterRemoval();
@@ -101,10 +147,11 @@ TEST(WatchdogTest, aServiceManagerBringsTheProgramBackUntilTheJobIsRemoved) {
 
 TEST(WatchdogTest, aKeeperBringsTheProgramBackUntilTheJobIsRemoved) {
     const TemporaryDirectory directory;
-    Watchdog watchdog{directory.path() / "config", directory.path() / "run"};
+    const TrueName name;
+    Watchdog watchdog{name, directory.path() / "config", directory.path() / "run"};
     std::cout << "installed in " << duration([&] { watchdog.serviceManager.install({"--watchdog"}); }) << " s\n";
-    EXPECT_THAT(watchdog.world.keepers(), SizeIs(1));
     watchdog.awaitProgram();
+    EXPECT_THAT(watchdog.world.keepers(), SizeIs(1));
     watchdog.killAgainAndAgain(times());
     watchdog.expectNothingAfterRemoval();
 }
@@ -115,11 +162,17 @@ TEST(WatchdogTest, aServiceManagerThatHangsDoesNotHoldUpASession) {
     Watchdog watchdog{manager.configDirectory(), manager.runtimeDirectory()};
     ::kill(manager.process(), SIGSTOP);
     EXPECT_LT(duration([&] { watchdog.serviceManager.install({"--watchdog"}); }), 12.0);
-    // The other way guards it.
+    watchdog.awaitProgram();
+    // The other way guards it, and it alone.
     EXPECT_THAT(watchdog.world.keepers(), SizeIs(1));
+    EXPECT_THAT(watchdog.world.filesLeft(), Each(Not(HasSubstr("systemd"))));
     EXPECT_LT(duration([&] { watchdog.serviceManager.remove(); }), 8.0);
-    ::kill(manager.process(), SIGCONT);
     EXPECT_THAT(watchdog.world.keepers(), IsEmpty());
+    watchdog.serviceManager.install({"--watchdog"});
+    ::kill(manager.process(), SIGCONT);
+    watchdog.serviceManager.install({"--watchdog"});
+    EXPECT_THAT(watchdog.world.filesLeft(), Each(Not(HasSubstr("autostart"))));
+    EXPECT_THAT(watchdog.world.filesLeft(), Contains(HasSubstr("watchdog.timer")));
 }
 
 TEST(WatchdogTest, aKeeperGoesWithItsAutostartEntryAndWithItsDisplay) {
@@ -127,6 +180,7 @@ TEST(WatchdogTest, aKeeperGoesWithItsAutostartEntryAndWithItsDisplay) {
     Watchdog watchdog{directory.path() / "config", directory.path() / "run"};
     const AutostartServiceManager autostart{watchdog.world.place(), watchdog.childProcesses, watchdog.files};
     watchdog.serviceManager.install({"--watchdog"});
+    watchdog.awaitProgram();
     ASSERT_THAT(watchdog.world.keepers(), SizeIs(1));
     std::filesystem::remove(autostart.entryFile());
     GuardedWorld::wait(1);
@@ -142,6 +196,7 @@ TEST(WatchdogTest, theNextLoginsKeeperTakesThePlaceOfTheLast) {
     const TemporaryDirectory directory;
     Watchdog watchdog{directory.path() / "config", directory.path() / "run"};
     watchdog.serviceManager.install({"--watchdog"});
+    watchdog.awaitProgram();
     const auto first = watchdog.world.keepers();
     ASSERT_THAT(first, SizeIs(1));
     watchdog.world.launchAutostart();

@@ -101,7 +101,7 @@ void SystemdServiceManager::removeFiles() {
     }
     m_files.remove(unitFile(UnitText::timer));
     m_files.remove(unitFile(UnitText::service));
-    m_files.remove(environmentFile());
+    if (!m_place.runtimeDirectory.empty()) m_files.remove(environmentFile());
 }
 
 fs::path SystemdServiceManager::unitFile(std::string_view unit) const {
