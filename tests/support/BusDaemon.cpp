@@ -35,7 +35,12 @@ BusDaemon::BusDaemon(std::string variable) : m_variable{std::move(variable)} {
         ::execlp("dbus-daemon", "dbus-daemon", "--session", "--nofork", "--nopidfile", option.c_str(), nullptr);
         ::_exit(127);
     }
-    connectTo(address());
+    try {
+        connectTo(address());
+    } catch (...) {
+        stop();
+        throw;
+    }
     if (const char* before = std::getenv(m_variable.c_str())) m_before = before;
     ::setenv(m_variable.c_str(), address().c_str(), 1);
 }
