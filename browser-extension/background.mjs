@@ -4,13 +4,18 @@ import { Bridge } from "./bridge.mjs";
 const api = globalThis.browser ?? globalThis.chrome;
 const bridge = new Bridge(api);
 
-// Browsers put an idle extension to sleep. The connection itself mostly keeps it awake; where it does not, and after a
-// crash, these events bring it back.
+// Browsers put an idle extension to sleep. The connection itself mostly keeps it awake; where it does not, after a crash,
+// and after the user has changed what the extension may do, the next of these brings it back.
 const wake = () => bridge.connect();
-api.alarms.onAlarm.addListener(wake);
-api.runtime.onStartup.addListener(wake);
-api.runtime.onInstalled.addListener(wake);
-api.windows.onCreated.addListener(wake);
+for (const event of [
+    api.alarms.onAlarm,
+    api.runtime.onInstalled,
+    api.runtime.onStartup,
+    api.tabs.onActivated,
+    api.tabs.onUpdated,
+    api.windows.onCreated,
+])
+    event.addListener(wake);
 api.alarms.create("wake", { periodInMinutes: 0.5 });
 
 wake();

@@ -25,7 +25,7 @@ public:
     static constexpr std::size_t longestAnswer = std::size_t{32} << 20U;
 
     HostConversation(HostSocketName name, HostRequest request)
-        : m_name{std::move(name)}, m_request{std::move(request)} {}
+        : m_name{std::move(name)}, m_request{request} {}
 
     const HostSocketName& name() const { return m_name; }
     State state() const { return m_state; }

@@ -32,7 +32,7 @@ struct ShownTab {
 
 /// A window among those of all browsers: by which host it is reached, and where in its browser.
 struct WindowID {
-    pid_t host;
+    pid_t host = 0;
     TabPlace place;
 
     bool operator==(const WindowID&) const = default;
