@@ -24,8 +24,7 @@ public:
     /// The longest answer that is listened to, in bytes; one more and the host counts as lost.
     static constexpr std::size_t longestAnswer = std::size_t{32} << 20U;
 
-    HostConversation(HostSocketName name, HostRequest request)
-        : m_name{std::move(name)}, m_request{request} {}
+    HostConversation(HostSocketName name, HostRequest request) : m_name{std::move(name)}, m_request{request} {}
 
     const HostSocketName& name() const { return m_name; }
     State state() const { return m_state; }
