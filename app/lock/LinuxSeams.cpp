@@ -57,6 +57,7 @@ LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, 
                       if (onQuitRequest) onQuitRequest();
                   }},
       sounds{places.resources("sounds"), files},
+      shortcuts{directory / "shortcuts", childProcesses},
       serviceManager{{places.program.filename().string(), places.program, places.companion("velmorin-watchdog"),
                       places.configuration, places.runtime},
                      childProcesses,

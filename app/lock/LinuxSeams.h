@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/lock/Pending.h"
 #include "app/platform/linux/applications/ApplicationIdentities.h"
 #include "app/platform/linux/applications/ApplicationLauncher.h"
 #include "app/platform/linux/applications/DesktopEntries.h"
@@ -10,6 +9,7 @@
 #include "app/platform/linux/relay/CurlRelayTransport.h"
 #include "app/platform/linux/services/LinuxApplication.h"
 #include "app/platform/linux/services/LinuxServiceManager.h"
+#include "app/platform/linux/services/LinuxShortcuts.h"
 #include "app/platform/linux/services/LinuxSounds.h"
 #include "app/platform/linux/x11/X11Connection.h"
 #include "app/platform/linux/x11/X11Workspace.h"
@@ -69,7 +69,7 @@ struct LinuxSeams {
     std::function<void()> onQuitRequest; ///< somebody asks this program to end; assigned once by its owner
     LinuxApplication application;
     LinuxSounds sounds;
-    NoShortcuts shortcuts;
+    LinuxShortcuts shortcuts;
     LinuxServiceManager serviceManager;
     CurlRelayTransport relay;
 };
