@@ -36,6 +36,7 @@ POLICIES = Path("/etc/firefox/policies/policies.json")
 CHROMIUM_EXTENSION = "cjoplcghhhecbifmooggfhblnfgmeopm"
 FIREFOX_EXTENSION = "velmorin@kestrava.com"
 SKIPPED = 77
+PROGRAMS = ["velmorin-browser-host", "velmorin-browser-script", "velmorin-lock", "velmorin-watchdog"]
 REFUSED = "-1743"
 
 
@@ -480,12 +481,12 @@ def idle_user():
     return next(user for user in pwd.getpwall() if user.pw_uid not in busy)
 
 
-def run_as_another(browser, programs, extension, tests):
+def run_as_another(browser, programs, extension, tests, test):
     """Runs this test as a user with no other process, who can read copies of all that it needs."""
     user = idle_user()
     with tempfile.TemporaryDirectory(prefix="velmorin-bridge-") as folder:
         os.chmod(folder, 0o755)
-        for name in ("velmorin-browser-host", "velmorin-browser-script"):
+        for name in PROGRAMS:
             shutil.copy(programs / name, folder)
         shutil.copytree(extension, f"{folder}/extension")
         shutil.copytree(HERE, f"{folder}/tests/desktop")
@@ -493,7 +494,7 @@ def run_as_another(browser, programs, extension, tests):
         os.makedirs("/tmp/.X11-unix", mode=0o1777, exist_ok=True)
         command = [
             "setpriv", f"--reuid={user.pw_uid}", f"--regid={user.pw_gid}", "--clear-groups", sys.executable,
-            f"{folder}/tests/desktop/{Path(__file__).name}", browser, folder, f"{folder}/extension", *tests,
+            f"{folder}/tests/desktop/{Path(test).name}", browser, folder, f"{folder}/extension", *tests,
         ]
         needs_policy = browser == "firefox"
         with unsigned_extension(f"{folder}/extension/velmorin.xpi") if needs_policy else contextlib.nullcontext():
@@ -515,13 +516,13 @@ def is_running(script):
     return "not running" not in done.stderr
 
 
-def main(browser, programs, extension, *tests):
+def main(browser, programs, extension, *tests, test=__file__):
     global WORLD, BROWSER
     BROWSER = {"chromium": Chromium, "firefox": Firefox}[browser]
     programs, extension = Path(programs).resolve(), Path(extension).resolve()
     reason = reason_to_skip(browser)
     if not reason and os.geteuid() == 0:
-        return run_as_another(browser, programs, extension, tests)
+        return run_as_another(browser, programs, extension, tests, test)
     if not reason and is_running(programs / "velmorin-browser-script"):
         reason = "this user runs this browser"
     if reason:

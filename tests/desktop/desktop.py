@@ -8,6 +8,7 @@ Runs COMMAND on it and ends with its status. NAME is openbox (the default), xfwm
 """
 
 import argparse
+import contextlib
 import os
 import select
 import shutil
@@ -119,6 +120,10 @@ class Desktop:
             except subprocess.TimeoutExpired:
                 continue
         process.wait()
+        for stream in (process.stdin, process.stdout):
+            if stream:
+                with contextlib.suppress(BrokenPipeError):
+                    stream.close()
 
     def run(self, *command, check=True, **options):
         """Runs a program to its end and gives what it printed."""
