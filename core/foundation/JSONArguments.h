@@ -62,8 +62,8 @@ private:
 /// one of them is none.
 std::string overlaid(const std::string& base, const std::string& over);
 
-/// A value of which somebody wrote only what differs from `base`. Throws MalformedInput when no value comes of it; `what`
-/// says what it should have been.
+/// A value of which somebody wrote only what differs from `base`. Throws MalformedInput when no value comes of it;
+/// `what` says what it should have been.
 template <class Value>
 Value readOver(const Value& base, const std::string& json, const char* what) {
     auto value = decodeJSON<Value>(overlaid(encodeJSON(base).value_or("{}"), json));

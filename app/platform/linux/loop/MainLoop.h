@@ -37,8 +37,8 @@ public:
     /// use the loop.
     [[nodiscard]] Cancellable watchReadable(int descriptor, Call call, std::function<bool()> isPending = {});
 
-    /// Calls each time this signal arrives (SIGHUP, SIGINT, SIGTERM, SIGUSR1 or SIGUSR2), in the place of what it does by
-    /// default, until the result goes.
+    /// Calls each time this signal arrives (SIGHUP, SIGINT, SIGTERM, SIGUSR1 or SIGUSR2), in the place of what it does
+    /// by default, until the result goes.
     [[nodiscard]] Cancellable watchSignal(int number, Call call);
 
 private:
