@@ -512,7 +512,11 @@ def reason_to_skip(browser):
 
 
 def is_running(script):
-    done = subprocess.run([script, "-e", list_script(BROWSER.identity)], capture_output=True, text=True, timeout=60)
+    with tempfile.TemporaryDirectory(prefix="velmorin-bridge-") as runtime:
+        done = subprocess.run(
+            [script, "-e", list_script(BROWSER.identity)], env={**os.environ, "XDG_RUNTIME_DIR": runtime},
+            capture_output=True, text=True, timeout=60,
+        )
     return "not running" not in done.stderr
 
 
