@@ -24,6 +24,10 @@ tzdata
 [test]
 clang-format clang-format
 clang        clang++
+~a-browser   a-browser
+
+[demonstration]
+scrot        scrot
 
 [by-hand]
 clang        clang++
@@ -32,6 +36,9 @@ libclang-rt-dev
 
 # What the commands need of the system besides what is faked.
 REAL_TOOLS = "awk bash cat cmp cp cut dirname env git grep mkdir mktemp nproc rm sed tail".split()
+
+# What ./run builds.
+PROGRAMS = "velmorin-lock velmorin-watchdog velmorin-browser-host velmorin-browser-script browser-extension"
 
 FAKES = {
     # Knows of every package but those in the file `missing`.
@@ -42,6 +49,12 @@ FAKES = {
         exit "${status:-0}"
     """,
     "apt-get": "",
+    # Has every package but those in the file `unknown`: $* ends in ^NAME$.
+    "apt-cache": """
+        name=${*: -1}
+        name=${name#^}
+        if ! grep -qxF "${name%?}" "$fakes/unknown"; then echo "${name%?}"; fi
+    """,
     "id": 'cat "$fakes/user"',
     "sudo": '"$@"',
     "cmake": "",
@@ -69,6 +82,7 @@ class CommandTest(unittest.TestCase):
         (self.root / "build/tidy").mkdir(parents=True)
         (self.root / ".clang-tidy").write_text("Checks: '*'\n")
         (self.fakes / "missing").write_text("")
+        (self.fakes / "unknown").write_text("")
         (self.fakes / "user").write_text("0\n")
         for tool in REAL_TOOLS:
             os.symlink(shutil.which(tool), self.fakes / tool)
@@ -121,6 +135,20 @@ class InstallPackagesTest(CommandTest):
         self.assertEqual(1, len(self.calls("dpkg-query")))
         self.assertEqual([], self.calls("apt-get", "sudo"))
 
+    def test_a_package_that_not_every_system_has_is_installed_where_there_is_one(self):
+        self.missing("a-browser")
+        self.call("scripts/install-packages", "test")
+        self.assertIn("a-browser", self.calls("apt-get")[-1])
+
+    def test_a_package_that_the_system_does_not_have_is_passed_over_in_silence(self):
+        self.missing("a-browser")
+        (self.fakes / "unknown").write_text("a-browser\n")
+        done = self.call("scripts/install-packages", "test")
+        self.assertEqual((0, "", []), (done.returncode, done.stdout, self.calls("apt-get")))
+        self.missing("a-browser", "clang")
+        self.assertEqual(0, self.call("scripts/install-packages", "test").returncode)
+        self.assertNotIn("a-browser", self.calls("apt-get")[-1])
+
     def test_what_is_missing_is_named_and_installed(self):
         self.missing("tzdata", "cmake")
         done = self.call("scripts/install-packages", "build")
@@ -152,7 +180,7 @@ class InstallPackagesTest(CommandTest):
 
     def test_the_real_list_has_the_sections_that_the_commands_ask_for(self):
         lines = (ROOT / "scripts/packages").read_text().splitlines()
-        self.assertEqual(["[build]", "[test]", "[by-hand]"], [line for line in lines if line.startswith("[")])
+        self.assertEqual(["[build]", "[demonstration]", "[test]", "[by-hand]"], [line for line in lines if line.startswith("[")])
 
     def test_an_unknown_section_is_an_error(self):
         done = self.call("scripts/install-packages", "tests")
@@ -231,7 +259,7 @@ class TestCommandTest(CommandTest):
                 "configure core-only",
                 "build core-only velmorin-conformance velmorin-simulate benchmarks",
                 "configure release",
-                "build release velmorin-simulate",
+                "build release " + PROGRAMS,
                 "configure dev",
                 "build dev all_verify_interface_header_sets",
                 "test asan",
@@ -367,37 +395,40 @@ class TestCommandTest(CommandTest):
 
 
 class RunCommandTest(CommandTest):
-    def test_without_arguments_it_starts_the_demonstration(self):
-        self.program("velmorin-simulate", 'printf "<%s>" "$@"')
-        self.assertTrue(self.call("run").stdout.endswith("/docs/scenarios/pomodoro.jsonl>"))
+    def test_without_arguments_it_plays_the_demonstration(self):
+        self.missing("scrot")
+        self.fake("python3", 'printf "<%s>" "$@"')
+        done = self.call("run")
+        self.assertIn("scrot", self.calls("apt-get")[-1])
+        self.assertTrue(done.stdout.endswith("<scripts/demonstration.py><build/release/bin><build/pictures>"), done.stdout)
 
     def test_it_builds_and_starts_the_program_where_it_was_called(self):
-        self.program("velmorin-simulate", 'pwd; printf "<%s>" "$@"')
+        self.program("velmorin-lock", 'pwd; printf "<%s>" "$@"')
         done = self.call("run", "one", "two words")
         self.assertEqual(0, done.returncode, done.stderr)
         self.assertTrue(done.stdout.endswith(f"{self.folder}\n<one><two words>"), done.stdout)
         self.assertEqual("cmake --preset release", self.calls("cmake")[0])
 
     def test_two_dashes_hand_even_help_to_the_program(self):
-        self.program("velmorin-simulate", 'printf "<%s>" "$@"')
+        self.program("velmorin-lock", 'printf "<%s>" "$@"')
         self.assertTrue(self.call("run", "--", "--help").stdout.endswith("<--help>"))
 
     def test_the_status_is_that_of_the_program(self):
-        self.program("velmorin-simulate", "exit 7")
-        self.assertEqual(7, self.call("run").returncode)
+        self.program("velmorin-lock", "exit 7")
+        self.assertEqual(7, self.call("run", "profile.json").returncode)
 
     def test_a_failing_build_starts_nothing(self):
-        self.program("velmorin-simulate", "echo started")
+        self.program("velmorin-lock", "echo started")
         self.fake("cmake", 'if [[ $* == *--build* ]]; then echo "error: no"; exit 1; fi')
-        done = self.call("run")
+        done = self.call("run", "profile.json")
         self.assertEqual(1, done.returncode)
         self.assertIn("error: no", done.stderr)
         self.assertNotIn("started", done.stdout)
 
     def test_what_only_tests_need_is_not_installed(self):
-        self.program("velmorin-simulate", "")
-        self.missing("clang", "clang-format")
-        self.call("run")
+        self.program("velmorin-lock", "")
+        self.missing("clang", "clang-format", "scrot")
+        self.call("run", "profile.json")
         self.assertEqual([], self.calls("apt-get"))
 
     def test_help_does_nothing_else(self):
