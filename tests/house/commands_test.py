@@ -180,7 +180,7 @@ class InstallPackagesTest(CommandTest):
 
     def test_the_real_list_has_the_sections_that_the_commands_ask_for(self):
         lines = (ROOT / "scripts/packages").read_text().splitlines()
-        self.assertEqual(["[build]", "[demonstration]", "[test]", "[by-hand]"], [line for line in lines if line.startswith("[")])
+        self.assertEqual(["[build]", "[demonstration]", "[test]", "[nightly]", "[by-hand]"], [line for line in lines if line.startswith("[")])
 
     def test_an_unknown_section_is_an_error(self):
         done = self.call("scripts/install-packages", "tests")
