@@ -27,8 +27,9 @@ namespace {
 
 struct Wishes {
     std::string title = "A window";
-    std::string instance, className; ///< no class when both are empty
-    std::string type;                ///< "dock", "desktop", "dialog", "notification", "utility", "splash"
+    std::string instance, className;      ///< no class when both are empty
+    std::string type;                     ///< "dock", "desktop", "dialog", "notification", "utility", "splash"
+    xcb_window_t owner = XCB_WINDOW_NONE; ///< another program's, whose dialog this is
     int count = 1;
     bool tellsNoProcess = false; ///< by _NET_WM_PID
     bool ignoresClosing = false;
@@ -50,7 +51,7 @@ public:
 
     void open() {
         for (int i = 0; i < m_wishes.count; ++i)
-            make(i, XCB_WINDOW_NONE);
+            make(i, m_wishes.owner);
         mapAll();
     }
 
@@ -189,6 +190,7 @@ Wishes readWishes(const std::vector<std::string>& arguments) {
         if (word == "--title") wishes.title = value();
         if (word == "--class") wishes.instance = wishes.className = value();
         if (word == "--type") wishes.type = value();
+        if (word == "--for") wishes.owner = static_cast<xcb_window_t>(std::strtoul(value().c_str(), nullptr, 0));
         if (word == "--windows") wishes.count = std::atoi(value().c_str());
         if (word == "--no-pid") wishes.tellsNoProcess = true;
         if (word == "--ignore-closing") wishes.ignoresClosing = true;

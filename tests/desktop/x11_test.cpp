@@ -42,6 +42,20 @@ TEST_F(X11Test, severalWindowsOfAProcessAreOneApplicationAndHideTogether) {
     EXPECT_TRUE(becomes([&] { return application->isHidden() && isIconic(program); }));
 }
 
+TEST_F(X11Test, aDialogOfAnotherProgramBelongsToTheWindowThatItIsFor) {
+    auto& editor = world.launch("editor", {"--class", "editor"});
+    std::vector<std::string> launched;
+    const auto observing = workspace().observeLaunches(
+        [&](const Workspace::Application& application) { launched.push_back(*application->bundleIdentifier()); });
+    WindowProgram chooser{VELMORIN_TEST_WINDOW, {"--class", "chooser", "--for", std::to_string(editor.window())}};
+    settle();
+    EXPECT_EQ(world.application(chooser.processID()), nullptr);
+    EXPECT_EQ(front(), "editor");
+    EXPECT_THAT(launched, IsEmpty());
+    world.application(editor.processID())->terminate();
+    EXPECT_TRUE(becomes([&] { return !editor.isRunning() && !chooser.isRunning(); }));
+}
+
 TEST_F(X11Test, withNoActiveWindowTheDesktopIsInFrontAndNobodyIsToldOfIt) {
     world.launch("editor", {"--class", "editor"});
     EXPECT_TRUE(becomes([&] { return front() == "editor"; }));

@@ -16,7 +16,7 @@ constexpr std::uint32_t clientEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
 /// Everything that is asked about one window, under way.
 struct Questions {
     xcb_res_query_client_ids_cookie_t process;
-    xcb_get_property_cookie_t claimedProcess, wmClass, type, state, managerState, protocols, motif, mark;
+    xcb_get_property_cookie_t claimedProcess, wmClass, transientFor, type, state, managerState, protocols, motif, mark;
 };
 
 Questions ask(const X11Connection& connection, xcb_window_t window) {
@@ -27,6 +27,7 @@ Questions ask(const X11Connection& connection, xcb_window_t window) {
     return {xcb_res_query_client_ids(connection.get(), 1, &spec),
             property(ewmh._NET_WM_PID),
             property(XCB_ATOM_WM_CLASS),
+            property(XCB_ATOM_WM_TRANSIENT_FOR),
             property(ewmh._NET_WM_WINDOW_TYPE),
             property(ewmh._NET_WM_STATE),
             property(atoms.wmState),
@@ -87,6 +88,7 @@ std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t 
     X11Reply<xcb_res_query_client_ids_reply_t> process{xcb_res_query_client_ids_reply(c, questions.process, nullptr)};
     const X11Property claimed{c, questions.claimedProcess};
     const X11Property wmClass{c, questions.wmClass};
+    const X11Property transientFor{c, questions.transientFor};
     const X11Property type{c, questions.type};
     const X11Property state{c, questions.state};
     const X11Property managerState{c, questions.managerState};
@@ -101,6 +103,7 @@ std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t 
     client.processID = processID(std::move(process), claimed);
     client.instance = std::move(instance);
     client.className = std::move(className);
+    client.transientFor = transientFor.firstWord().value_or(XCB_WINDOW_NONE);
     client.types = type.words();
     client.role = roleOf(client.types, ewmh);
     client.skipsTaskbar = state.lists(ewmh._NET_WM_STATE_SKIP_TASKBAR);
@@ -152,9 +155,9 @@ void X11Clients::handleProperty(const xcb_property_notify_event_t& event) {
         if (event.atom == ewmh._NET_CLIENT_LIST) m_isListStale = true;
         return;
     }
-    const std::array<xcb_atom_t, 7> known{atoms.wmState,     atoms.wmProtocols, atoms.motifHints,
-                                          atoms.hiddenMark,  XCB_ATOM_WM_CLASS, ewmh._NET_WM_WINDOW_TYPE,
-                                          ewmh._NET_WM_STATE};
+    const std::array<xcb_atom_t, 8> known{XCB_ATOM_WM_TRANSIENT_FOR, atoms.wmState,     atoms.wmProtocols,
+                                          atoms.motifHints,          atoms.hiddenMark,  XCB_ATOM_WM_CLASS,
+                                          ewmh._NET_WM_WINDOW_TYPE,  ewmh._NET_WM_STATE};
     if (std::ranges::find(known, event.atom) != known.end()) m_stale.insert(event.window);
 }
 

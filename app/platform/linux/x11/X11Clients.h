@@ -29,6 +29,7 @@ struct X11Client {
     std::optional<std::int32_t> processID; ///< as the server knows it, else as the window says
     std::string instance;                  ///< of WM_CLASS, as `className`; empty where there is none
     std::string className;
+    xcb_window_t transientFor = XCB_WINDOW_NONE; ///< of a dialog, the window that it belongs to
     Role role = Role::application;
     std::vector<xcb_atom_t> types; ///< as the window names them, the preferred one first
     bool skipsTaskbar = false;

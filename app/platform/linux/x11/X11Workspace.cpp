@@ -151,7 +151,20 @@ X11Workspace::Handle X11Workspace::makeApplication(std::int32_t number) const {
     return std::make_shared<X11Application>(m_desk, number);
 }
 
+/// The process that a window belongs to. A dialog that one program opens for a window of another, as a chooser of files
+/// does, belongs to the latter.
 std::int32_t X11Workspace::numberOf(const X11Client& client) const {
+    constexpr int deepestNesting = 8; // they might go round in a circle
+    const auto* owner = &client;
+    for (int depth = 0; depth < deepestNesting; ++depth) {
+        const auto* parent = m_desk->clients().find(owner->transientFor);
+        if (parent == nullptr || parent->role != X11Client::Role::application) break;
+        owner = parent;
+    }
+    return ownNumberOf(*owner);
+}
+
+std::int32_t X11Workspace::ownNumberOf(const X11Client& client) const {
     if (client.processID) return *client.processID;
     // The server gives each connection a range of numbers for what it makes.
     const auto mask = xcb_get_setup(m_connection.get())->resource_id_mask;

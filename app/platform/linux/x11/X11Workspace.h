@@ -72,6 +72,7 @@ private:
     void handle(const X11Clients::Change& change);
     std::vector<Handle> regroup();
     std::int32_t numberOf(const X11Client& client) const;
+    std::int32_t ownNumberOf(const X11Client& client) const;
     Handle makeApplication(std::int32_t number) const;
     void identify(Process& process) const;
     bool hasStartedSince(const X11Application& application) const;
