@@ -99,8 +99,9 @@ class Lock:
         self.process.wait()
 
     def pids(self):
-        """The processes of this name that run, whoever has started them."""
-        found = self.desktop.run("pgrep", "-x", self.program.name, check=False).split()
+        """The processes of this name that run, whoever has started them; not one that has ended and waits for whoever
+        did."""
+        found = self.desktop.run("pgrep", "-r", "RSDT", "-x", self.program.name, check=False).split()
         return [int(pid) for pid in found]
 
     def keepers(self):
@@ -108,8 +109,9 @@ class Lock:
         return self.desktop.run("pgrep", "-f", f"keep {self.program.name}", check=False).split()
 
     def _read(self, process):
-        for line in process.stdout:
-            self._fresh.put(json.loads(line))
+        with process.stdout:
+            for line in process.stdout:
+                self._fresh.put(json.loads(line))
 
     # --- What it tells ------------------------------------------------------------------------------------------
 
