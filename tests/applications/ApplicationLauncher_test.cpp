@@ -206,7 +206,7 @@ protected:
     public:
         Callee(const BusDaemon& bus, const char* name, const char* path, const char* description) : m_peer{bus, name} {
             m_peer.serve(path, description, [this](const std::string&, GVariant* arguments) {
-                calls.emplace_back(Text{g_variant_print(arguments, FALSE)}.get());
+                calls.emplace_back(GText{g_variant_print(arguments, FALSE)}.get());
                 return g_variant_new("()");
             });
         }

@@ -1,7 +1,7 @@
 // The contracts of the watchdog's job, kept by a real service manager of a user and by the autostart of a desktop.
 
+#include "app/platform/linux/loop/GLibPointers.h"
 #include "app/platform/linux/services/AutostartServiceManager.h"
-#include "app/platform/linux/services/GLibPointers.h"
 #include "app/platform/linux/services/SystemdServiceManager.h"
 #include "app/platform/linux/services/watchdog/Keeper.h"
 #include "app/platform/linux/services/watchdog/SessionEnvironment.h"
@@ -29,9 +29,9 @@ public:
                                                               nullptr, nullptr)} {
         // The manager may leave the first message lying until another comes.
         constexpr int patience = 100; // milliseconds
-        while (!Variant{g_dbus_connection_call_sync(m_connection.get(), nullptr, "/", "org.freedesktop.DBus.Peer",
-                                                    "Ping", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, patience, nullptr,
-                                                    nullptr)}) {
+        while (!GValueTree{g_dbus_connection_call_sync(m_connection.get(), nullptr, "/", "org.freedesktop.DBus.Peer",
+                                                       "Ping", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, patience,
+                                                       nullptr, nullptr)}) {
         }
     }
 
@@ -40,11 +40,11 @@ public:
         if (!path) return std::nullopt;
         const auto value = property(*path, "org.freedesktop.systemd1.Service", "ExecStart");
         if (!value || g_variant_n_children(value.get()) != 1) return std::nullopt;
-        const Variant command{g_variant_get_child_value(value.get(), 0)};
-        const Variant list{g_variant_get_child_value(command.get(), 1)};
+        const GValueTree command{g_variant_get_child_value(value.get(), 0)};
+        const GValueTree list{g_variant_get_child_value(command.get(), 1)};
         Words words;
         for (gsize index = 0; index < g_variant_n_children(list.get()); ++index) {
-            const Variant word{g_variant_get_child_value(list.get(), index)};
+            const GValueTree word{g_variant_get_child_value(list.get(), index)};
             words.push_back(expanded(g_variant_get_string(word.get(), nullptr)));
         }
         return words;
@@ -55,10 +55,10 @@ public:
             call("/org/freedesktop/systemd1", "org.freedesktop.systemd1.Manager", "ListUnits", g_variant_new("()"));
         std::vector<std::string> names;
         if (!list) return names;
-        const Variant array{g_variant_get_child_value(list.get(), 0)};
+        const GValueTree array{g_variant_get_child_value(list.get(), 0)};
         for (gsize index = 0; index < g_variant_n_children(array.get()); ++index) {
-            const Variant unit{g_variant_get_child_value(array.get(), index)};
-            const Variant name{g_variant_get_child_value(unit.get(), 0)};
+            const GValueTree unit{g_variant_get_child_value(array.get(), index)};
+            const GValueTree name{g_variant_get_child_value(unit.get(), 0)};
             names.emplace_back(g_variant_get_string(name.get(), nullptr));
         }
         return names;
@@ -75,9 +75,9 @@ private:
         return text;
     }
 
-    Variant call(const char* path, const char* interface, const char* method, GVariant* parameters) {
-        return Variant{g_dbus_connection_call_sync(m_connection.get(), nullptr, path, interface, method, parameters,
-                                                   nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr)};
+    GValueTree call(const char* path, const char* interface, const char* method, GVariant* parameters) {
+        return GValueTree{g_dbus_connection_call_sync(m_connection.get(), nullptr, path, interface, method, parameters,
+                                                      nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr)};
     }
     std::optional<std::string> pathOf(const char* unit) {
         const auto found = call("/org/freedesktop/systemd1", "org.freedesktop.systemd1.Manager", "GetUnit",
@@ -87,16 +87,16 @@ private:
         g_variant_get(found.get(), "(&o)", &path);
         return path;
     }
-    Variant property(const std::string& path, const char* interface, const char* name) {
+    GValueTree property(const std::string& path, const char* interface, const char* name) {
         const auto answer =
             call(path.c_str(), "org.freedesktop.DBus.Properties", "Get", g_variant_new("(ss)", interface, name));
         if (!answer) return nullptr;
         GVariant* value = nullptr;
         g_variant_get(answer.get(), "(v)", &value);
-        return Variant{value};
+        return GValueTree{value};
     }
 
-    Object<GDBusConnection> m_connection;
+    GOwned<GDBusConnection> m_connection;
 };
 
 /// The words that follow the program's path.

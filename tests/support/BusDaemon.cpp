@@ -13,14 +13,14 @@ namespace velmorin {
 
 namespace {
 
-Object<GDBusConnection> connectTo(const std::string& address) {
+GOwned<GDBusConnection> connectTo(const std::string& address) {
     const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     constexpr int attempts = 500;
     constexpr unsigned long pause = 10'000; // microseconds
     for (int attempt = 0; attempt < attempts; ++attempt, g_usleep(pause))
         if (auto* made = g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr))
-            return Object<GDBusConnection>{made};
+            return GOwned<GDBusConnection>{made};
     throw std::runtime_error{"no message bus at " + address};
 }
 
@@ -58,7 +58,7 @@ void BusDaemon::stop() {
 
 BusPeer::BusPeer(const BusDaemon& daemon, const char* name) : m_connection{connectTo(daemon.address())} {
     constexpr guint32 plainly = 0;
-    const Variant answer{g_dbus_connection_call_sync(
+    const GValueTree answer{g_dbus_connection_call_sync(
         m_connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
         g_variant_new("(su)", name, plainly), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr)};
     if (!answer) throw std::runtime_error{std::string{"the bus refuses the name "} + name};

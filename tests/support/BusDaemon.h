@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/platform/linux/services/GLibPointers.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 #include "tests/support/TemporaryDirectory.h"
 
 #include <functional>
@@ -46,7 +46,7 @@ public:
     void serve(const char* path, const char* description, Answer answer);
 
 private:
-    Object<GDBusConnection> m_connection;
+    GOwned<GDBusConnection> m_connection;
 };
 
 } // namespace velmorin

@@ -1,6 +1,6 @@
 #include "tests/support/GuardedWorld.h"
 
-#include "app/platform/linux/services/GLibPointers.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 #include "app/platform/linux/services/watchdog/Keeper.h"
 #include "app/platform/linux/services/watchdog/SessionEnvironment.h"
 
@@ -106,7 +106,7 @@ void GuardedWorld::closeDisplay() {
 
 void GuardedWorld::launchAutostart() const {
     for (const auto& entry : fs::directory_iterator{m_place.configDirectory / "autostart"}) {
-        const Object<GDesktopAppInfo> application{g_desktop_app_info_new_from_filename(entry.path().c_str())};
+        const GOwned<GDesktopAppInfo> application{g_desktop_app_info_new_from_filename(entry.path().c_str())};
         if (!application) continue;
         g_app_info_launch(G_APP_INFO(application.get()), nullptr, nullptr, nullptr);
     }

@@ -83,7 +83,7 @@ TEST_F(LinuxShortcutsTest, anExecutableComesBeforeTheDesktopsOwn) {
 
 TEST_F(LinuxShortcutsTest, onGNOMEBannersAreHeldBack) {
     ASSERT_TRUE(settings.isThere);
-    const Object<GSettings> gnome{g_settings_new("org.gnome.desktop.notifications")};
+    const GOwned<GSettings> gnome{g_settings_new("org.gnome.desktop.notifications")};
     useDesktop("ubuntu:GNOME");
     shortcuts->run("Velmorin On");
     EXPECT_FALSE(g_settings_get_boolean(gnome.get(), "show-banners"));
@@ -158,7 +158,7 @@ TEST_F(LinuxShortcutsTest, onXFCETheSettingIsChanged) {
                      const char* property = nullptr;
                      GVariant* value = nullptr;
                      g_variant_get(parameters, "(&s&sv)", &channel, &property, &value);
-                     const Variant held{value};
+                     const GValueTree held{value};
                      told.push_back(std::string{channel} + property + (g_variant_get_boolean(value) ? " on" : " off"));
                      return g_variant_new("()");
                  });

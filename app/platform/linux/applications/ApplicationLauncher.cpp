@@ -2,10 +2,10 @@
 
 #include "app/platform/linux/applications/ApplicationIdentities.h"
 #include "app/platform/linux/applications/ApplicationScope.h"
-#include "app/platform/linux/applications/GObjects.h"
 #include "app/platform/linux/applications/IdentityTable.h"
 #include "app/platform/linux/applications/SessionBus.h"
 #include "app/platform/linux/applications/StartupContext.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 
 #include <algorithm>
 #include <array>

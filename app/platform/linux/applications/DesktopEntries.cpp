@@ -2,7 +2,7 @@
 
 #include "app/platform/linux/applications/CommandLine.h"
 #include "app/platform/linux/applications/DesktopEntryFile.h"
-#include "app/platform/linux/applications/GObjects.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 #include "core/foundation/Text.h"
 
 #include <algorithm>

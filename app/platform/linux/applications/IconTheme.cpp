@@ -1,6 +1,6 @@
 #include "app/platform/linux/applications/IconTheme.h"
 
-#include "app/platform/linux/applications/GObjects.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "app/platform/linux/applications/SessionBus.h"
 
-#include "app/platform/linux/applications/GObjects.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 
 #include <filesystem>
 #include <system_error>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/platform/linux/applications/GObjects.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 
 #include <gio/gio.h>
 #include <string>

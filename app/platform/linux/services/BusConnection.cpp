@@ -14,7 +14,7 @@ std::optional<std::string> environmentVariable(const char* name) {
 }
 
 std::string addressOf(const std::filesystem::path& socket) {
-    const Text path{g_dbus_address_escape_value(socket.c_str())};
+    const GText path{g_dbus_address_escape_value(socket.c_str())};
     return std::string{"unix:path="} + path.get();
 }
 
@@ -31,12 +31,12 @@ std::optional<std::string> busAddress(Bus bus) {
 
 struct BusConnection::State {
     Ready ready;
-    Object<GCancellable> isOver{g_cancellable_new()};
-    Object<GDBusConnection> connection;
+    GOwned<GCancellable> isOver{g_cancellable_new()};
+    GOwned<GDBusConnection> connection;
 
     static void arrive(GObject*, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<std::weak_ptr<State>> owner{static_cast<std::weak_ptr<State>*>(data)};
-        Object<GDBusConnection> made{g_dbus_connection_new_for_address_finish(result, nullptr)};
+        GOwned<GDBusConnection> made{g_dbus_connection_new_for_address_finish(result, nullptr)};
         const auto state = owner->lock();
         if (!state || !made) return;
         state->connection = std::move(made);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/platform/linux/services/GLibPointers.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 
 #include <functional>
 #include <memory>
@@ -53,7 +53,7 @@ public:
 private:
     void end();
 
-    Object<GDBusConnection> m_connection;
+    GOwned<GDBusConnection> m_connection;
     unsigned m_number = 0;
 };
 

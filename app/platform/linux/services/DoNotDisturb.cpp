@@ -24,7 +24,7 @@ void showBanners(bool isShown) {
     const std::unique_ptr<GSettingsSchema, DropSchema> schema{g_settings_schema_source_lookup(source, name, TRUE)};
     // Settings of a schema that is missing would end the program.
     if (!schema || g_settings_schema_has_key(schema.get(), key) == FALSE) return;
-    const Object<GSettings> settings{g_settings_new_full(schema.get(), nullptr, nullptr)};
+    const GOwned<GSettings> settings{g_settings_new_full(schema.get(), nullptr, nullptr)};
     g_settings_set_boolean(settings.get(), key, isShown ? TRUE : FALSE);
 }
 
@@ -91,7 +91,7 @@ void DoNotDisturb::inhibitKDE(GDBusConnection* connection) {
     using Mark = std::weak_ptr<DoNotDisturb*>;
     const auto arrive = [](GObject* source, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<Mark> mark{static_cast<Mark*>(data)};
-        const Variant answer{g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, nullptr)};
+        const GValueTree answer{g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, nullptr)};
         const auto self = mark->lock();
         if (!self) return;
         (*self)->m_isAsking = false;

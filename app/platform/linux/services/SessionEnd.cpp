@@ -58,7 +58,7 @@ private:
         m_owner = owner;
         const auto arrive = [](GObject* connection, GAsyncResult* result, gpointer data) {
             const std::unique_ptr<Mark> mark{static_cast<Mark*>(data)};
-            const Variant answer{g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr)};
+            const GValueTree answer{g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr)};
             if (const auto client = mark->lock(); client && answer) (*client)->listen(answer.get());
         };
         g_dbus_connection_call(m_connection.get(), owner, m_manager.path, m_manager.interface, "RegisterClient",
@@ -95,7 +95,7 @@ private:
     }
 
     const Manager& m_manager;
-    Object<GDBusConnection> m_connection;
+    GOwned<GDBusConnection> m_connection;
     std::string m_identifier;
     const Calls& m_calls;
     unsigned m_watch = 0;

@@ -1,6 +1,6 @@
 #include "app/platform/linux/services/UserSystemd.h"
 
-#include "app/platform/linux/services/GLibPointers.h"
+#include "app/platform/linux/loop/GLibPointers.h"
 
 #include <algorithm>
 #include <functional>
@@ -88,17 +88,17 @@ public:
     }
 
     /// Null when it fails. `parameters` are taken.
-    Variant call(const char* path, const char* interface, const char* method, GVariant* parameters) {
-        const Variant held{g_variant_ref_sink(parameters)};
+    GValueTree call(const char* path, const char* interface, const char* method, GVariant* parameters) {
+        const GValueTree held{g_variant_ref_sink(parameters)};
         if (!isOpen()) return nullptr;
         const Within within{m_context.get()};
         Outcome outcome;
         g_dbus_connection_call(m_connection.get(), nullptr, path, interface, method, parameters, nullptr,
                                G_DBUS_CALL_FLAGS_NONE, -1, m_end.get(), Outcome::arrive, &outcome);
         wait(outcome);
-        return Variant{g_dbus_connection_call_finish(m_connection.get(), outcome.result, nullptr)};
+        return GValueTree{g_dbus_connection_call_finish(m_connection.get(), outcome.result, nullptr)};
     }
-    Variant callManager(const char* method, GVariant* parameters) {
+    GValueTree callManager(const char* method, GVariant* parameters) {
         return call(managerPath, managerInterface, method, parameters);
     }
 
@@ -113,7 +113,7 @@ public:
         if (!property) return std::nullopt;
         GVariant* value = nullptr;
         g_variant_get(property.get(), "(v)", &value);
-        const Variant state{value};
+        const GValueTree state{value};
         return g_variant_get_string(state.get(), nullptr);
     }
 
@@ -135,7 +135,7 @@ private:
 
     void connect(const std::filesystem::path& socket) {
         const Within within{m_context.get()};
-        const Text path{g_dbus_address_escape_value(socket.c_str())};
+        const GText path{g_dbus_address_escape_value(socket.c_str())};
         const std::string address = std::string{"unix:path="} + path.get();
         Outcome outcome;
         g_dbus_connection_new_for_address(address.c_str(), G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT, nullptr,
@@ -160,17 +160,17 @@ private:
             g_main_context_iteration(m_context.get(), TRUE);
     }
 
-    Source timer(unsigned milliseconds, GSourceFunc fire, gpointer data) const {
-        Source source{g_timeout_source_new(milliseconds)};
+    GHeldSource timer(unsigned milliseconds, GSourceFunc fire, gpointer data) const {
+        GHeldSource source{g_timeout_source_new(milliseconds)};
         g_source_set_callback(source.get(), fire, data, nullptr);
         g_source_attach(source.get(), m_context.get());
         return source;
     }
 
     Context m_context;
-    Object<GCancellable> m_end; ///< cancels whatever is asked when the time is up
-    Source m_deadline;
-    Object<GDBusConnection> m_connection;
+    GOwned<GCancellable> m_end; ///< cancels whatever is asked when the time is up
+    GHeldSource m_deadline;
+    GOwned<GDBusConnection> m_connection;
 };
 
 UserSystemd::UserSystemd(const std::filesystem::path& runtimeDirectory, double patience)
