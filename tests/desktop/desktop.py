@@ -120,16 +120,10 @@ class Desktop:
             except subprocess.TimeoutExpired:
                 continue
         process.wait()
-<<<<<<< HEAD
         for stream in (process.stdin, process.stdout):
             if stream:
                 with contextlib.suppress(BrokenPipeError):
                     stream.close()
-=======
-        if process.stdin:
-            with contextlib.suppress(OSError):  # for what it has not read any more
-                process.stdin.close()
->>>>>>> b642e29 (Kill the process of a session at random moments, guarded by a real service manager and by the keeper)
 
     def run(self, *command, check=True, **options):
         """Runs a program to its end and gives what it printed."""

@@ -109,9 +109,8 @@ class Lock:
         return self.desktop.run("pgrep", "-f", f"keep {self.program.name}", check=False).split()
 
     def _read(self, process):
-        with process.stdout:
-            for line in process.stdout:
-                self._fresh.put(json.loads(line))
+        for line in process.stdout:
+            self._fresh.put(json.loads(line))
 
     # --- What it tells ------------------------------------------------------------------------------------------
 
