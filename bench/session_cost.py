@@ -17,7 +17,7 @@ from desktop import WINDOW_MANAGERS, Desktop, wait_until  # noqa: E402
 from figures import figures_of, names_of_threads  # noqa: E402
 from session import Lock, Windows, profile  # noqa: E402
 
-CALM = 10.0  # seconds after which nothing is left of the beginning
+CALM = 20.0  # seconds after which nothing is left of the beginning, not even the threads that GLib keeps for a while
 MOST_CPU = 0.05  # percent of a core
 MOST_SWITCHES = 2.0  # a second, over all threads
 MOST_MEMORY = 15.0  # MB of Pss
