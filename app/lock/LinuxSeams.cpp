@@ -1,21 +1,29 @@
 #include "app/lock/LinuxSeams.h"
 
 #include <cstdlib>
+#include <pwd.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace velmorin {
 
 namespace {
 
-/// A base directory of the desktop's: by its variable, where that is an absolute path, else below the home folder
-/// (XDG Base Directory Specification 0.8).
+/// The user's home folder: by its variable, else as the system has it.
+std::filesystem::path homeDirectory() {
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && std::filesystem::path{home}.is_absolute()) return home;
+    const passwd* user = ::getpwuid(::getuid());
+    return user == nullptr ? std::filesystem::path{"/"} : std::filesystem::path{user->pw_dir};
+}
+
+/// A base directory of the desktop's: by its variable, where that is an absolute path, else below the home folder;
+/// empty where there is no such place below it (XDG Base Directory Specification 0.8).
 std::filesystem::path baseDirectory(const char* variable, const char* belowHome) {
     const char* value = std::getenv(variable);
     if (value != nullptr && std::filesystem::path{value}.is_absolute()) return value;
-    const char* home = std::getenv("HOME");
-    const bool isUsable = belowHome != nullptr && home != nullptr && std::filesystem::path{home}.is_absolute();
-    return isUsable ? std::filesystem::path{home} / belowHome : std::filesystem::path{};
+    return belowHome == nullptr ? std::filesystem::path{} : homeDirectory() / belowHome;
 }
 
 } // namespace
@@ -51,6 +59,7 @@ LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, 
       connection{std::move(display)},
       identities{entries, processes},
       launcher{entries},
+      installedApplications{entries, icons},
       workspace{*connection, {identities, processes, launcher, ApplicationIdentity{bundleID, "Dravoni", std::nullopt}}},
       application{loop, bundleID,
                   [this] {

@@ -3,6 +3,8 @@
 #include "app/platform/linux/applications/ApplicationIdentities.h"
 #include "app/platform/linux/applications/ApplicationLauncher.h"
 #include "app/platform/linux/applications/DesktopEntries.h"
+#include "app/platform/linux/applications/IconTheme.h"
+#include "app/platform/linux/applications/LinuxInstalledApplications.h"
 #include "app/platform/linux/applications/ProcFS.h"
 #include "app/platform/linux/loop/LoopTimers.h"
 #include "app/platform/linux/loop/MainLoop.h"
@@ -65,6 +67,8 @@ struct LinuxSeams {
     ProcFS processes;
     ApplicationIdentities identities;
     ApplicationLauncher launcher;
+    IconTheme icons;
+    LinuxInstalledApplications installedApplications;
     X11Workspace workspace;
     std::function<void()> onQuitRequest; ///< somebody asks this program to end; assigned once by its owner
     LinuxApplication application;

@@ -26,6 +26,7 @@ Without PROFILE it takes up the session that the last run left behind, and ends 
                   the program
   --ticks         prints where the session stands, once a second
   --applications  prints the running applications with their identifiers, and ends
+  --catalogue     the same for the installed ones
   --watchdog      as started by the watchdog: ends at once when there is no session to take up
   --help          this text
 
@@ -61,6 +62,8 @@ LockOptions LockOptions::parse(std::span<const std::string> arguments) {
             options.tellsTicks = true;
         } else if (word == "--applications") {
             options.listsApplications = true;
+        } else if (word == "--catalogue") {
+            options.listsCatalogue = true;
         } else if (word == "--help" || word == "-h") {
             options.asksForHelp = true;
         } else if (word == "--watchdog") {
@@ -76,9 +79,8 @@ LockOptions LockOptions::parse(std::span<const std::string> arguments) {
     return options;
 }
 
-std::vector<std::string> LockOptions::forWatchdog() const {
-    std::vector<std::string> arguments;
-    if (launch.homeDirectory) arguments = {"--home", launch.homeDirectory->string()};
+std::vector<std::string> LockOptions::forWatchdog(const std::filesystem::path& store) const {
+    std::vector<std::string> arguments{"--home", store.string()};
     if (!returnsByItself) arguments.emplace_back("--manual");
     return arguments;
 }

@@ -18,6 +18,7 @@ struct LockOptions {
     bool returnsByItself = true; ///< whether warnings answer themselves, since there is no screen to do it on
     bool tellsTicks = false;
     bool listsApplications = false;
+    bool listsCatalogue = false;
     bool asksForHelp = false;
 
     static const char* usage();
@@ -25,8 +26,9 @@ struct LockOptions {
     /// Throws MalformedInput with what is wrong with the arguments, in words.
     static LockOptions parse(std::span<const std::string> arguments);
 
-    /// The arguments with which the watchdog starts the same again, besides its own.
-    std::vector<std::string> forWatchdog() const;
+    /// The arguments with which the watchdog starts the same again, besides its own. The directory of the store is
+    /// always named: the session that starts it may have other places.
+    std::vector<std::string> forWatchdog(const std::filesystem::path& store) const;
 };
 
 } // namespace velmorin

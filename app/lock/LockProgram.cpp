@@ -11,6 +11,15 @@ namespace velmorin {
 
 namespace {
 
+/// A terminal can stop whoever it started, by a key or by being read in the background; and whoever reads the events
+/// may go. The session goes on. Handlers rather than ignoring, which the programs that this one starts would inherit.
+void ignoreStops() {
+    struct sigaction action {};
+    action.sa_handler = [](int) {};
+    for (const int number : {SIGTSTP, SIGTTIN, SIGTTOU, SIGQUIT, SIGPIPE})
+        ::sigaction(number, &action, nullptr);
+}
+
 std::string identifier(const Workspace::Application& application) {
     return application ? application->bundleIdentifier().value_or("unknown") : "nobody";
 }
@@ -28,10 +37,14 @@ LockProgram::LockProgram(LinuxSeams& seams, LockOptions options, std::optional<P
                    {seams.clock, seams.timers, seams.random, seams.workspace, seams.application, seams.sounds,
                     seams.shortcuts, seams.serviceManager, seams.childProcesses, m_appearance,
                     seams.places.companion("velmorin-browser-script").string()}},
-      m_lifecycle{m_options.launch, m_controller, seams.workspace, seams.application} {
+      m_lifecycle{m_options.launch, m_controller, seams.workspace, seams.application},
+      m_hotKey{*seams.connection, [this] {
+                   // With an overlay on the screen it does nothing.
+                   if (shows<Overlay::None>(*m_controller.overlay())) tell("hotKey");
+               }} {
     m_appearance.apply(*m_data.settings());
     m_controller.autoReturnFromWarnings = m_options.returnsByItself;
-    m_controller.watchdogArguments = m_options.forWatchdog();
+    m_controller.watchdogArguments = m_options.forWatchdog(seams.directory);
     m_seams.onQuitRequest = [this] { askToQuit(); };
 }
 
@@ -39,6 +52,11 @@ int LockProgram::run() {
     connect();
     launch();
     return m_seams.loop.run();
+}
+
+void LockProgram::show() {
+    tell("show");
+    tellSession();
 }
 
 void LockProgram::connect() {
@@ -71,6 +89,7 @@ void LockProgram::connect() {
     }));
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
         m_watches.push_back(m_seams.loop.watchSignal(number, [this] { askToQuit(); }));
+    ignoreStops();
     m_commands = m_seams.loop.watchReadable(STDIN_FILENO, [this] { readCommands(); });
 }
 

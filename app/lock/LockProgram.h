@@ -5,6 +5,7 @@
 #include "app/engine/SessionController.h"
 #include "app/lock/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
+#include "app/platform/linux/x11/X11HotKey.h"
 #include "app/strings/Appearance.h"
 #include "core/foundation/JSONOutput.h"
 
@@ -29,6 +30,8 @@ public:
 
     /// Goes through the launch, then through the session, and gives the exit status of the process.
     int run();
+    /// Tells that another start of the program has handed over to this one, and how the session stands.
+    void show();
 
 private:
     using Members = std::function<void(JSONOutput&)>;
@@ -52,6 +55,7 @@ private:
     std::string m_input; ///< read, without its line end so far
     std::vector<Cancellable> m_watches;
     Cancellable m_commands;
+    X11HotKey m_hotKey;
 };
 
 } // namespace velmorin

@@ -1,13 +1,14 @@
 // velmorin-lock: a session on this desktop, without a window.
 
+#include "app/engine/AppCatalog.h"
 #include "app/engine/StateWriting.h"
+#include "app/lock/LinePrinter.h"
 #include "app/lock/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/lock/LockProgram.h"
 #include "app/platform/linux/services/SingleInstance.h"
 #include "core/foundation/JSONArguments.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <fstream>
@@ -15,6 +16,8 @@
 #include <iterator>
 #include <optional>
 #include <string>
+#include <sys/prctl.h>
+#include <unistd.h>
 #include <vector>
 
 namespace velmorin {
@@ -30,8 +33,8 @@ Profile readProfile(const std::filesystem::path& path) {
     return readOver(Profile{path.stem().string(), SessionMode::pomodoro}, text, "profile");
 }
 
-void print(const std::string& line) {
-    std::cout << line << std::endl;
+void print(JSONOutput& output) {
+    std::cout << output.take().value_or("{}") << '\n';
 }
 
 void listApplications(const Workspace& workspace) {
@@ -44,8 +47,46 @@ void listApplications(const Workspace& workspace) {
         writeMember(output, "isRegular", application->activationPolicy() == ActivationPolicy::regular);
         writeMember(output, "isHidden", application->isHidden());
         output.endObject();
-        print(output.take().value_or("{}"));
+        print(output);
     }
+}
+
+void listCatalogue(const LinuxSeams& seams) {
+    constexpr int iconSize = 64; // pixels
+    const auto apps =
+        AppCatalog::scan(seams.installedApplications, seams.workspace, LinuxSeams::bundleID, AppLanguage::english);
+    for (const auto& app : apps) {
+        JSONOutput output;
+        output.beginObject();
+        writeMember(output, "bundleID", app.bundleID);
+        writeMember(output, "name", app.name);
+        writeMember(output, "path", app.path);
+        writeMember(output, "icon", seams.installedApplications.iconFile(app.path, iconSize));
+        output.endObject();
+        print(output);
+    }
+}
+
+/// A second start asks the first one to show itself, and ends.
+int handOver(const SingleInstance& instance, const LockOptions& options) {
+    if (options.launch.launchedByWatchdog) return EXIT_SUCCESS;
+    instance.askFirstToShow();
+    std::cerr << "velmorin-lock: it runs already, and tells how it stands where it was started\n";
+    return EXIT_FAILURE;
+}
+
+int hold(LinuxSeams& seams, const LockOptions& options, const std::optional<Profile>& profile,
+         const std::filesystem::path& directory) {
+    // One on a store, and one for a user, whose watchdog is one as well.
+    SingleInstance ofStore{seams.loop, directory};
+    SingleInstance ofUser{seams.loop, seams.places.configuration / "Velmorin"};
+    for (const auto* instance : {&ofStore, &ofUser})
+        if (!instance->isFirst()) return handOver(*instance, options);
+    LinePrinter printer{STDOUT_FILENO};
+    LockProgram program{seams, options, profile, [&printer](const std::string& line) { printer.print(line); }};
+    for (auto* instance : {&ofStore, &ofUser})
+        instance->onShow([&program] { program.show(); });
+    return program.run();
 }
 
 int run(const LockOptions& options) {
@@ -55,26 +96,18 @@ int run(const LockOptions& options) {
     }
     const auto profile = options.profile ? std::optional{readProfile(*options.profile)} : std::nullopt;
     const auto places = LinuxPlaces::ofThisProcess();
+    // By which the watchdog knows it, also where it was called through a link of another name.
+    ::prctl(PR_SET_NAME, places.program.filename().c_str());
     MainLoop loop;
     auto display = X11Connection::open(loop);
     if (!display) throw MalformedInput{"there is no X11 display to run a session on"};
-    // Whoever reads the events may go; the session goes on.
-    std::signal(SIGPIPE, SIG_IGN);
     const auto directory = options.launch.homeDirectory.value_or(JSONStore::defaultDirectory(places.data));
-    const SingleInstance instance{loop, directory};
-    if (!instance.isFirst() && !options.listsApplications) {
-        // The one that runs has the session.
-        std::cerr << "velmorin-lock: it runs already\n";
-        return options.launch.launchedByWatchdog ? EXIT_SUCCESS : EXIT_FAILURE;
-    }
     LinuxSeams seams{places, directory, loop, std::move(display)};
     seams.connection->onLost = [&loop] { loop.quit(EXIT_FAILURE); };
-    if (options.listsApplications) {
-        listApplications(seams.workspace);
-        return EXIT_SUCCESS;
-    }
-    LockProgram program{seams, options, profile, print};
-    return program.run();
+    if (options.listsApplications) listApplications(seams.workspace);
+    if (options.listsCatalogue) listCatalogue(seams);
+    if (options.listsApplications || options.listsCatalogue) return EXIT_SUCCESS;
+    return hold(seams, options, profile, directory);
 }
 
 } // namespace

@@ -23,7 +23,7 @@ public:
         std::vector<std::string> arguments;
         if (newcomer.bundleID) arguments = {"--class", *newcomer.bundleID};
         if (!newcomer.inFront) arguments.emplace_back("--behind");
-        if (!newcomer.hasWindows) arguments.emplace_back("--skip-taskbar");
+        if (!newcomer.hasWindows) arguments.insert(arguments.end(), {"--type", "splash"});
         if (newcomer.ignoresQuitRequests) arguments.emplace_back("--ignore-closing");
         if (newcomer.bundleID) m_world.writeEntry(*newcomer.bundleID, newcomer.name.value_or(*newcomer.bundleID));
         return m_world.launch(newcomer.bundleID.value_or("nameless"), arguments).processID();

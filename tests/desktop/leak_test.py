@@ -64,7 +64,9 @@ class LeakTest(unittest.TestCase):
         self.assertEqual(self.resources(), resources)
         self.assertEqual(after.descriptors, before.descriptors)
         self.assertLessEqual(after.threads, before.threads, names_of_threads(self.lock.process.pid))
-        self.assertLess(highest, before.anonymous + MEMORY)
+        # Under the address sanitizer what was freed is kept for a while.
+        if "libasan" not in Path(f"/proc/{self.lock.process.pid}/maps").read_text():
+            self.assertLess(highest, before.anonymous + MEMORY)
         self.assertGreater(self.lock.stored()["attempts"], 0)
 
     def one_round(self, number, allowed, game):

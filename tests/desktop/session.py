@@ -13,8 +13,6 @@ from desktop import PATIENCE, wait_until
 
 SINCE_2001 = 978307200.0  # seconds from 1970 to 2001, where the stored dates begin
 
-ICONIC = "Iconic"
-
 # What velmorin-lock starts itself.
 COMPANIONS = ["velmorin-watchdog", "velmorin-browser-script", "velmorin-browser-host"]
 
@@ -40,8 +38,11 @@ class Windows:
         return [line.split()[0] for line in lines if text in line]
 
     def is_iconic(self, window):
-        state = self.desktop.run("xprop", "-id", window, "WM_STATE", "_NET_WM_STATE", check=False)
-        return ICONIC in state or "_NET_WM_STATE_HIDDEN" in state
+        # To some managers windows on other desktops are iconified as well; all of ours tell what is really hidden.
+        return "_NET_WM_STATE_HIDDEN" in self.desktop.run("xprop", "-id", window, "_NET_WM_STATE", check=False)
+
+    def desktop_of(self, window):
+        return self.desktop.run("xprop", "-id", window, "-notype", "_NET_WM_DESKTOP").split()[-1]
 
     def are_iconic(self, windows):
         return bool(windows) and all(map(self.is_iconic, windows))

@@ -176,13 +176,26 @@ class SessionTest(unittest.TestCase):
         shifty.stdin.write("class game\n")
         wait_until(self.iconic(shifty))
 
-    def test_windows_on_other_desktops_are_hidden_too(self):
+    def test_windows_of_other_desktops_are_hidden_when_their_user_goes_there_and_come_back_to_where_they_were(self):
         self.desktop.run("wmctrl", "-n", "3")
-        self.show_xterm()
-        far = self.show_window("far")
-        self.desktop.run("wmctrl", "-i", "-r", self.windows.of(far.pid)[0], "-t", "2")
-        self.lock.start(profile([XTERM]))
+        allowed = self.show_xterm()
+        far, near = self.show_window("far"), self.show_window("near")
+        window = self.windows.of(far.pid)[0]
+        self.desktop.run("wmctrl", "-i", "-r", window, "-t", "2")
+        wait_until(lambda: self.windows.desktop_of(window) == "2")
+        self.assertFalse(self.windows.is_iconic(window), "it is on the screen of its desktop")
+        self.lock.leave_session(9, [XTERM])
+        self.lock.start()
+        wait_until(self.iconic(near))
+        self.desktop.run("wmctrl", "-s", "2")
         wait_until(self.iconic(far))
+        self.desktop.run("wmctrl", "-s", "0")
+        self.assertEqual(sorted(self.lock.stored()["hiddenBundleIDs"]), ["far", "near"])
+        self.windows.activate(self.windows.of(allowed.pid)[0])
+        self.lock.await_event("ending")
+        wait_until(lambda: self.on_screen(far)() and self.on_screen(near)())
+        wait_until(lambda: self.windows.desktop_of(window) == "2")
+        self.assertEqual(self.windows.desktop_of(self.windows.of(near.pid)[0]), "0")
 
     def test_a_window_that_leaves_the_taskbar_is_as_forbidden_as_before(self):
         self.show_xterm()
@@ -201,6 +214,7 @@ class SessionTest(unittest.TestCase):
         self.lock.await_event("began")
         time.sleep(3.2)
         self.windows.activate(self.windows.of(panel.pid)[0])
+        wait_until(lambda: self.windows.active() == int(self.windows.of(panel.pid)[0], 16))
         time.sleep(2.2)
         self.assertEqual(self.lock.seen("overlay"), [])
         self.assertFalse(self.iconic(panel)())
@@ -226,6 +240,17 @@ class SessionTest(unittest.TestCase):
         self.assertIsNone(self.lock.process.poll())
         self.lock.command("show")
         self.lock.await_event("session")
+
+    def test_a_new_window_manager_launches_nothing(self):
+        self.show_xterm()
+        game = self.show_window("game")
+        self.lock.start(profile([XTERM]))
+        wait_until(self.iconic(game))
+        self.desktop.start(*WINDOW_MANAGERS[OPTIONS.wm], "--replace")
+        time.sleep(3)
+        wait_until(self.iconic(game))
+        self.assertNotIn("blocked launch", self.lock.log())
+        self.assertIsNone(game.poll())
 
     def test_a_request_to_quit_during_a_session_is_refused(self):
         self.show_xterm()

@@ -49,6 +49,10 @@ public:
         m_motifHints = atom("_MOTIF_WM_HINTS");
     }
 
+    Windows(const Windows&) = delete;
+    Windows& operator=(const Windows&) = delete;
+    ~Windows() { xcb_ewmh_connection_wipe(&m_ewmh); }
+
     void open() {
         for (int i = 0; i < m_wishes.count; ++i)
             make(i, m_wishes.owner);
@@ -228,26 +232,34 @@ bool readInput(std::string& pending, int& descriptor, Windows& windows) {
     return true;
 }
 
-} // namespace
-
-int main(int count, char** words) {
-    int number = 0;
-    xcb_connection_t* connection = xcb_connect(nullptr, &number);
-    if (xcb_connection_has_error(connection) != 0) return 1;
-    Windows windows{connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data,
-                    readWishes({words + 1, words + count})};
-    windows.open();
+/// Goes on until somebody ends it.
+void serve(xcb_connection_t* connection, Windows& windows) {
     int input = STDIN_FILENO;
     std::string pending;
     while (xcb_connection_has_error(connection) == 0) {
         while (xcb_generic_event_t* event = xcb_poll_for_event(connection)) {
             const bool goesOn = windows.handle(*event);
             std::free(event);
-            if (!goesOn) return 0;
+            if (!goesOn) return;
         }
         std::array<pollfd, 2> descriptors{{{xcb_get_file_descriptor(connection), POLLIN, 0}, {input, POLLIN, 0}}};
         ::poll(descriptors.data(), descriptors.size(), -1);
-        if (descriptors[1].revents != 0 && !readInput(pending, input, windows)) return 0;
+        if (descriptors[1].revents != 0 && !readInput(pending, input, windows)) return;
     }
-    return 0;
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    int number = 0;
+    xcb_connection_t* connection = xcb_connect(nullptr, &number);
+    const bool isConnected = xcb_connection_has_error(connection) == 0;
+    if (isConnected) {
+        Windows windows{connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data,
+                        readWishes({words + 1, words + count})};
+        windows.open();
+        serve(connection, windows);
+    }
+    xcb_disconnect(connection);
+    return isConnected ? 0 : 1;
 }

@@ -10,7 +10,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 LockOptions parse(const std::vector<std::string>& arguments) {
     return LockOptions::parse(arguments);
@@ -30,7 +29,6 @@ TEST(LockOptionsTest, withoutArgumentsThereIsNothingButDefaults) {
     EXPECT_FALSE(options.profile || options.launch.homeDirectory || options.launch.launchedByWatchdog);
     EXPECT_TRUE(options.returnsByItself);
     EXPECT_FALSE(options.tellsTicks || options.listsApplications || options.asksForHelp);
-    EXPECT_THAT(options.forWatchdog(), IsEmpty());
 }
 
 TEST(LockOptionsTest, everyOptionIsTakenInAnyOrder) {
@@ -48,7 +46,7 @@ TEST(LockOptionsTest, theWatchdogsArgumentCountsInAnyPosition) {
 }
 
 TEST(LockOptionsTest, theWatchdogStartsTheSameAgain) {
-    EXPECT_THAT(parse({"--home", "/a folder", "--manual", "work.json"}).forWatchdog(),
+    EXPECT_THAT(parse({"--manual", "work.json"}).forWatchdog("/a folder"),
                 ElementsAre("--home", "/a folder", "--manual"));
 }
 
@@ -64,7 +62,8 @@ TEST(LockOptionsTest, whatMakesNoSenseIsNamed) {
 }
 
 TEST(LockOptionsTest, theHelpNamesEveryOption) {
-    for (const auto* option : {"--intent", "--home", "--manual", "--ticks", "--applications", "--watchdog", "--help"})
+    for (const auto* option :
+         {"--intent", "--home", "--manual", "--ticks", "--applications", "--catalogue", "--watchdog", "--help"})
         EXPECT_THAT(LockOptions::usage(), HasSubstr(option));
 }
 

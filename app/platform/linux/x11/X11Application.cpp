@@ -42,7 +42,7 @@ void X11Application::setWindows(std::vector<xcb_window_t> windows) {
     if (m_isRegular || !desk) return;
     m_isRegular = std::ranges::any_of(m_windows, [&](xcb_window_t window) {
         const auto* client = desk->clients().find(window);
-        return client != nullptr && client->role == X11Client::Role::application && !client->skipsTaskbar;
+        return client != nullptr && client->role == X11Client::Role::application;
     });
 }
 

@@ -22,8 +22,8 @@ public:
     std::int32_t processIdentifier() const override { return m_number; }
     const std::optional<std::string>& bundleIdentifier() const override { return m_identity.bundleID; }
     const std::optional<std::string>& localizedName() const override { return m_identity.name; }
-    /// Regular once it has had a window that the taskbar shows: a window that leaves the taskbar later is as forbidden
-    /// as before.
+    /// Regular once it has had a window of its own, whether the taskbar shows it or not: a terminal that drops down
+    /// from the edge of the screen is as much an application as another.
     ActivationPolicy activationPolicy() const override;
     bool isHidden() const override;
 

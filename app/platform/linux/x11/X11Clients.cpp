@@ -15,8 +15,8 @@ constexpr std::uint32_t clientEvents = XCB_EVENT_MASK_PROPERTY_CHANGE;
 
 /// Everything that is asked about one window, under way.
 struct Questions {
-    xcb_res_query_client_ids_cookie_t process;
-    xcb_get_property_cookie_t claimedProcess, wmClass, transientFor, type, state, managerState, protocols, motif, mark;
+    std::optional<xcb_res_query_client_ids_cookie_t> process;
+    xcb_get_property_cookie_t claimedProcess, wmClass, desktop, type, state, managerState, protocols, motif, mark;
 };
 
 Questions ask(const X11Connection& connection, xcb_window_t window) {
@@ -24,10 +24,12 @@ Questions ask(const X11Connection& connection, xcb_window_t window) {
     const auto& atoms = connection.atoms();
     const auto property = [&](xcb_atom_t atom) { return X11Property::request(connection.get(), window, atom); };
     const xcb_res_client_id_spec_t spec{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    return {xcb_res_query_client_ids(connection.get(), 1, &spec),
+    std::optional<xcb_res_query_client_ids_cookie_t> process;
+    if (connection.knowsProcesses()) process = xcb_res_query_client_ids(connection.get(), 1, &spec);
+    return {process,
             property(ewmh._NET_WM_PID),
             property(XCB_ATOM_WM_CLASS),
-            property(XCB_ATOM_WM_TRANSIENT_FOR),
+            property(ewmh._NET_WM_DESKTOP),
             property(ewmh._NET_WM_WINDOW_TYPE),
             property(ewmh._NET_WM_STATE),
             property(atoms.wmState),
@@ -68,7 +70,7 @@ X11Client::Role roleOf(const std::vector<xcb_atom_t>& types, const xcb_ewmh_conn
         {ewmh._NET_WM_WINDOW_TYPE_DESKTOP, Role::desktop},
         {ewmh._NET_WM_WINDOW_TYPE_DOCK, Role::dock},
         {ewmh._NET_WM_WINDOW_TYPE_NOTIFICATION, Role::notification},
-        {ewmh._NET_WM_WINDOW_TYPE_UTILITY, Role::attachment},
+        {ewmh._NET_WM_WINDOW_TYPE_UTILITY, Role::application},
         {ewmh._NET_WM_WINDOW_TYPE_TOOLBAR, Role::attachment},
         {ewmh._NET_WM_WINDOW_TYPE_MENU, Role::attachment},
         {ewmh._NET_WM_WINDOW_TYPE_SPLASH, Role::attachment},
@@ -80,15 +82,18 @@ X11Client::Role roleOf(const std::vector<xcb_atom_t>& types, const xcb_ewmh_conn
     return Role::application;
 }
 
-/// Absent when the window has gone.
-std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t window, const Questions& questions) {
+/// Absent when the window has gone. Where a manager tells what is hidden that alone counts: to some, windows on other
+/// desktops are iconified as well.
+std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t window, const Questions& questions,
+                                  bool tellsHidden) {
     constexpr std::uint32_t iconicState = 3; // ICCCM 4.1.3.1
     auto* const c = connection.get();
     const auto& ewmh = connection.ewmh();
-    X11Reply<xcb_res_query_client_ids_reply_t> process{xcb_res_query_client_ids_reply(c, questions.process, nullptr)};
+    X11Reply<xcb_res_query_client_ids_reply_t> process;
+    if (questions.process) process.reset(xcb_res_query_client_ids_reply(c, *questions.process, nullptr));
     const X11Property claimed{c, questions.claimedProcess};
     const X11Property wmClass{c, questions.wmClass};
-    const X11Property transientFor{c, questions.transientFor};
+    const X11Property desktop{c, questions.desktop};
     const X11Property type{c, questions.type};
     const X11Property state{c, questions.state};
     const X11Property managerState{c, questions.managerState};
@@ -103,12 +108,11 @@ std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t 
     client.processID = processID(std::move(process), claimed);
     client.instance = std::move(instance);
     client.className = std::move(className);
-    client.transientFor = transientFor.firstWord().value_or(XCB_WINDOW_NONE);
+    client.desktop = desktop.firstWord();
     client.types = type.words();
     client.role = roleOf(client.types, ewmh);
-    client.skipsTaskbar = state.lists(ewmh._NET_WM_STATE_SKIP_TASKBAR);
-    // Some managers keep iconified windows mapped; one of these two tells in every case.
-    client.isIconic = managerState.firstWord() == iconicState || state.lists(ewmh._NET_WM_STATE_HIDDEN);
+    client.countsAsIconic = managerState.firstWord() == iconicState;
+    client.isIconic = tellsHidden ? state.lists(ewmh._NET_WM_STATE_HIDDEN) : client.countsAsIconic;
     client.wasHiddenByUs = mark.exists();
     client.takesDeleteRequests = protocols.lists(connection.atoms().wmDeleteWindow);
     client.motifHints = motif.words();
@@ -121,6 +125,7 @@ X11Clients::X11Clients(X11Connection& connection, std::function<void(const Chang
     : m_connection{connection}, m_changed{std::move(changed)} {
     // What happens from here on is told by events, also what happens while all is read for the first time.
     m_connection.select(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    readManager();
     readList();
     readActive();
     m_change = {};
@@ -153,11 +158,12 @@ void X11Clients::handleProperty(const xcb_property_notify_event_t& event) {
     if (event.window == m_connection.root()) {
         if (event.atom == ewmh._NET_ACTIVE_WINDOW) m_isActiveStale = true;
         if (event.atom == ewmh._NET_CLIENT_LIST) m_isListStale = true;
+        if (event.atom == ewmh._NET_SUPPORTED) m_isManagerStale = true;
         return;
     }
-    const std::array<xcb_atom_t, 8> known{XCB_ATOM_WM_TRANSIENT_FOR, atoms.wmState,     atoms.wmProtocols,
-                                          atoms.motifHints,          atoms.hiddenMark,  XCB_ATOM_WM_CLASS,
-                                          ewmh._NET_WM_WINDOW_TYPE,  ewmh._NET_WM_STATE};
+    const std::array<xcb_atom_t, 8> known{ewmh._NET_WM_DESKTOP,     atoms.wmState,     atoms.wmProtocols,
+                                          atoms.motifHints,         atoms.hiddenMark,  XCB_ATOM_WM_CLASS,
+                                          ewmh._NET_WM_WINDOW_TYPE, ewmh._NET_WM_STATE};
     if (std::ranges::find(known, event.atom) != known.end()) m_stale.insert(event.window);
 }
 
@@ -172,6 +178,7 @@ void X11Clients::catchUp() {
         // Nothing else may keep whoever waits for this.
         tell();
     }
+    if (std::exchange(m_isManagerStale, false)) readManager();
     if (std::exchange(m_isListStale, false)) readList();
     const auto stale = std::exchange(m_stale, {});
     std::vector<xcb_window_t> managed;
@@ -191,6 +198,14 @@ void X11Clients::readActive() {
     const auto active = X11Property{m_connection.get(), cookie}.firstWord().value_or(XCB_WINDOW_NONE);
     m_change.isActiveNew = m_change.isActiveNew || active != m_active;
     m_active = active;
+}
+
+/// Another manager may tell other things of the same windows.
+void X11Clients::readManager() {
+    const auto& ewmh = m_connection.ewmh();
+    const auto cookie = X11Property::request(m_connection.get(), m_connection.root(), ewmh._NET_SUPPORTED);
+    m_tellsHidden = X11Property{m_connection.get(), cookie}.lists(ewmh._NET_WM_STATE_HIDDEN);
+    std::ranges::copy(m_order, std::inserter(m_stale, m_stale.end()));
 }
 
 void X11Clients::readList() {
@@ -227,7 +242,7 @@ std::vector<X11Client> X11Clients::read(std::span<const xcb_window_t> windows) c
                            [this](auto window) { return ask(m_connection, window); });
     std::vector<X11Client> clients;
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        auto client = answered(m_connection, windows[i], questions[i]);
+        auto client = answered(m_connection, windows[i], questions[i], m_tellsHidden);
         if (client) clients.push_back(std::move(*client));
     }
     return clients;

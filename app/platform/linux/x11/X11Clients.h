@@ -18,7 +18,7 @@ namespace velmorin {
 struct X11Client {
     /// What part it has on the desktop.
     enum class Role {
-        application,  ///< a normal window or a dialog
+        application,  ///< a normal window, a dialog or a palette
         attachment,   ///< a tool bar, a menu, a splash screen
         desktop,      ///< the background with its icons
         dock,         ///< a panel
@@ -29,12 +29,12 @@ struct X11Client {
     std::optional<std::int32_t> processID; ///< as the server knows it, else as the window says
     std::string instance;                  ///< of WM_CLASS, as `className`; empty where there is none
     std::string className;
-    xcb_window_t transientFor = XCB_WINDOW_NONE; ///< of a dialog, the window that it belongs to
+    std::optional<std::uint32_t> desktop; ///< its number; all bits set for a window that is on all
     Role role = Role::application;
     std::vector<xcb_atom_t> types; ///< as the window names them, the preferred one first
-    bool skipsTaskbar = false;
     bool isIconic = false;
-    bool wasHiddenByUs = false; ///< bears our mark
+    bool countsAsIconic = false; ///< to its manager: to some also where it is only on another desktop
+    bool wasHiddenByUs = false;  ///< bears our mark
     bool takesDeleteRequests = false;
     /// Motif's hints, by which a window may forbid its manager to iconify it; empty where there are none.
     std::vector<std::uint32_t> motifHints;
@@ -71,6 +71,7 @@ private:
     void handleProperty(const xcb_property_notify_event_t& event);
     void catchUp();
     void tell();
+    void readManager();
     void readActive();
     void readList();
     void take(std::span<const xcb_window_t> windows);
@@ -82,8 +83,10 @@ private:
     std::vector<xcb_window_t> m_order;
     xcb_window_t m_active = XCB_WINDOW_NONE;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
+    bool m_tellsHidden = false; ///< the manager does
 
     // What events have told of and was not read yet.
+    bool m_isManagerStale = false;
     bool m_isActiveStale = true;
     bool m_isListStale = true;
     std::set<xcb_window_t> m_stale;

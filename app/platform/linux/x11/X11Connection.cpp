@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+#include <xcb/res.h>
 
 namespace velmorin {
 
@@ -52,6 +53,9 @@ X11Connection::X11Connection(MainLoop& loop, xcb_connection_t* connection, xcb_s
     const auto atoms = internAtoms<6>(m_connection, {"WM_STATE", "WM_CHANGE_STATE", "WM_PROTOCOLS", "WM_DELETE_WINDOW",
                                                      "_MOTIF_WM_HINTS", "_VELMORIN_HIDDEN"});
     m_atoms = {atoms[0], atoms[1], atoms[2], atoms[3], atoms[4], atoms[5]};
+    // A request of an extension that is not there would end the connection.
+    const auto* resources = xcb_get_extension_data(m_connection, &xcb_res_id);
+    m_knowsProcesses = resources != nullptr && resources->present != 0;
     // Requests and their answers read events along with them, of which the descriptor tells nothing any more.
     const auto isPending = [this] {
         if (!m_queued) m_queued.reset(xcb_poll_for_queued_event(m_connection));
@@ -114,9 +118,11 @@ void X11Connection::readEvents() {
 }
 
 void X11Connection::give(const xcb_generic_event_t& event) {
+    // Whoever is told may call another off, or bring all of this to an end.
+    const std::weak_ptr alive{m_observers};
     const auto observers = *m_observers;
-    for (const auto& entry : observers)
-        entry.second->handler(event);
+    for (const auto& [number, observer] : observers)
+        if (!alive.expired() && m_observers->contains(number)) observer->handler(event);
 }
 
 } // namespace velmorin

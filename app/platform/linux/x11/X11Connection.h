@@ -42,6 +42,9 @@ public:
     const xcb_ewmh_connection_t& ewmh() const { return m_ewmh; }
     const Atoms& atoms() const { return m_atoms; }
 
+    /// Whether the server can tell which process is behind a window (X-Resource extension 1.2).
+    bool knowsProcesses() const { return m_knowsProcesses; }
+
     /// Sends what was asked for on its way.
     void flush() const { xcb_flush(m_connection); }
     /// Asks the window manager for something concerning a window, as pagers do. Not sent before `flush`.
@@ -70,6 +73,7 @@ private:
     xcb_screen_t* m_screen;
     xcb_ewmh_connection_t m_ewmh{};
     Atoms m_atoms{};
+    bool m_knowsProcesses = false;
     X11Reply<xcb_generic_event_t> m_queued; ///< read from the connection and not given yet
     std::shared_ptr<std::map<std::uint64_t, std::shared_ptr<Observer>>> m_observers;
     std::uint64_t m_lastObserver = 0;

@@ -17,6 +17,9 @@ constexpr std::chrono::milliseconds hideTime{500};
 /// How long windows that come back behind the front may still take it for a moment.
 constexpr std::chrono::milliseconds settlingTime{1000};
 
+/// EWMH: a pager or the like, which acts for the user.
+constexpr std::uint32_t sourceIsTool = 2;
+
 constexpr std::uint32_t iconicState = 3; // ICCCM 4.1.3.1
 
 /// _MOTIF_WM_HINTS: flags, functions, decorations and more. Bit 0 of the functions turns the others' meaning round.
@@ -42,10 +45,13 @@ X11Desk::X11Desk(X11Connection& connection, std::function<void(const X11Clients:
                     changed(change);
                 }} {
     noteActive();
+    X11Clients::Change all;
+    std::ranges::copy(m_clients.order(), std::inserter(all.touched, all.touched.end()));
+    dropMarks(all);
 }
 
 bool X11Desk::isHidden(const X11Client& client) const {
-    if (client.isIconic) return true;
+    if (client.isIconic || client.countsAsIconic) return true;
     const auto request = m_hideRequests.find(client.window);
     return request != m_hideRequests.end() && std::chrono::steady_clock::now() - request->second < hideTime;
 }
@@ -55,7 +61,7 @@ void X11Desk::hide(Windows windows) {
     std::vector<xcb_window_t> hidden;
     for (const auto window : windows) {
         const auto* client = m_clients.find(window);
-        if (client == nullptr || client->isIconic) continue;
+        if (client == nullptr || client->isIconic || client->countsAsIconic) continue;
         allowIconifying(*client, now);
         m_connection.askManager(window, m_connection.atoms().wmChangeState, iconicState);
         m_hideRequests[window] = now;
@@ -77,13 +83,13 @@ void X11Desk::show(Windows windows) {
         return client != nullptr && (client->wasHiddenByUs || m_hideRequests.contains(window));
     });
     std::ranges::sort(hidden, {}, [this](xcb_window_t window) { return lastActive(window); });
-    // Only what is activated comes back under every manager. The front goes to where it was right after.
+    // Only what is activated comes back under every manager. The front goes to where it was right after. The marks go
+    // when the windows are seen.
     for (const auto window : hidden) {
-        bringToFront(window);
-        xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
+        bringBack(*m_clients.find(window));
         m_hideRequests.erase(window);
-        if (const auto types = m_ownTypes.extract(window); !types.empty())
-            setWords(window, m_connection.ewmh()._NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM, types.mapped());
+        restore(m_ownTypes, window, m_connection.ewmh()._NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM);
+        restore(m_ownHints, window, m_connection.atoms().motifHints, m_connection.atoms().motifHints);
     }
     const auto* active = m_clients.active();
     if (!hidden.empty() && active != nullptr) {
@@ -146,10 +152,13 @@ void X11Desk::keepBehind(xcb_window_t active) {
 void X11Desk::dropMarks(const X11Clients::Change& change) {
     for (const auto window : change.touched) {
         const auto* client = m_clients.find(window);
+        if (client != nullptr) sendHome(*client);
         if (client == nullptr) {
             m_hideRequests.erase(window);
             m_lastActive.erase(window);
             m_ownTypes.erase(window);
+            m_ownHints.erase(window);
+            m_homes.erase(window);
         } else if (client->wasHiddenByUs && !isHidden(*client)) {
             // Somebody else has brought it back; whoever iconifies it next means it.
             xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
@@ -161,6 +170,7 @@ void X11Desk::dropMarks(const X11Clients::Change& change) {
 void X11Desk::allowIconifying(const X11Client& client, Moment now) {
     if (!mayBeIconified(client.motifHints)) {
         auto hints = client.motifHints;
+        m_ownHints.try_emplace(client.window, hints);
         hints[motifFunctions] ^= motifMinimize;
         setWords(client.window, m_connection.atoms().motifHints, m_connection.atoms().motifHints, hints);
     }
@@ -179,8 +189,35 @@ void X11Desk::setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type
                         static_cast<std::uint32_t>(words.size()), words.data());
 }
 
+/// Puts back what was changed so that the window could be hidden.
+void X11Desk::restore(Words& own, xcb_window_t window, xcb_atom_t property, xcb_atom_t type) {
+    if (const auto words = own.extract(window); !words.empty()) setWords(window, property, type, words.mapped());
+}
+
+/// Of a window on another desktop, some managers only tell its user; others bring it over and leave it here. So it is
+/// brought here and goes home once it is seen.
+void X11Desk::bringBack(const X11Client& client) {
+    const auto& ewmh = m_connection.ewmh();
+    const auto cookie = X11Property::request(m_connection.get(), m_connection.root(), ewmh._NET_CURRENT_DESKTOP);
+    const auto current = X11Property{m_connection.get(), cookie}.firstWord();
+    if (client.desktop && current && *client.desktop != UINT32_MAX && client.desktop != current) {
+        m_homes[client.window] = *client.desktop;
+        m_connection.askManager(client.window, ewmh._NET_WM_DESKTOP, *current, sourceIsTool);
+    }
+    bringToFront(client.window);
+}
+
+void X11Desk::sendHome(const X11Client& client) {
+    const auto home = m_homes.find(client.window);
+    if (home == m_homes.end() || client.isIconic || client.countsAsIconic) return;
+    if (client.desktop != home->second) {
+        m_connection.askManager(client.window, m_connection.ewmh()._NET_WM_DESKTOP, home->second, sourceIsTool);
+        m_connection.flush();
+    }
+    m_homes.erase(home);
+}
+
 void X11Desk::bringToFront(xcb_window_t window) {
-    constexpr std::uint32_t sourceIsTool = 2; // EWMH: a pager or the like, which acts for the user
     // Without a time of its own, or a manager could take the request for one that has been overtaken.
     m_connection.askManager(window, m_connection.ewmh()._NET_ACTIVE_WINDOW, sourceIsTool, XCB_CURRENT_TIME);
 }

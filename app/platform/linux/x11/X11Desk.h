@@ -23,7 +23,8 @@ public:
 
     const X11Clients& clients() const { return m_clients; }
 
-    /// Whether a window is off the screen, or was asked to leave it so lately that it may be about to.
+    /// Whether a window is off the screen, be it on another desktop (where a manager counts that as iconified, and so
+    /// cannot iconify it), or was asked to leave it so lately that it may be about to.
     bool isHidden(const X11Client& client) const;
     /// Has windows iconified, also those whose own hints forbid it. They bear a mark from then on, which outlives this
     /// program, so that only what it has hidden is shown again.
@@ -38,6 +39,7 @@ public:
 
 private:
     using Moment = std::chrono::steady_clock::time_point;
+    using Words = std::map<xcb_window_t, std::vector<std::uint32_t>>;
 
     /// Windows that were shown behind another.
     struct Shown {
@@ -51,13 +53,18 @@ private:
     void dropMarks(const X11Clients::Change& change);
     void allowIconifying(const X11Client& client, Moment now);
     void setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, const std::vector<std::uint32_t>& words);
+    void restore(Words& own, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
+    void bringBack(const X11Client& client);
+    void sendHome(const X11Client& client);
     void bringToFront(xcb_window_t window);
     std::uint64_t lastActive(xcb_window_t window) const;
 
     X11Connection& m_connection;
     X11Clients m_clients;
     std::map<xcb_window_t, Moment> m_hideRequests;
-    std::map<xcb_window_t, std::vector<xcb_atom_t>> m_ownTypes; ///< of windows that were given another
+    std::map<xcb_window_t, std::uint32_t> m_homes; ///< the desktops of windows that were brought to this one
+    Words m_ownTypes;                              ///< of windows that were given another
+    Words m_ownHints;                              ///< the same of Motif's hints
     Shown m_shown;
     xcb_window_t m_active = XCB_WINDOW_NONE;            ///< as noted last
     std::map<xcb_window_t, std::uint64_t> m_lastActive; ///< the higher, the later

@@ -140,7 +140,7 @@ std::vector<X11Workspace::Handle> X11Workspace::regroup() {
         const bool wasRegular = isRegular(*process.application);
         process.application->setWindows(std::move(windows));
         identify(process);
-        if (!wasRegular && isRegular(*process.application) && hasStartedSince(*process.application))
+        if (!wasRegular && isRegular(*process.application) && isLaunch(*process.application))
             launched.push_back(process.application);
     }
     return launched;
@@ -151,20 +151,7 @@ X11Workspace::Handle X11Workspace::makeApplication(std::int32_t number) const {
     return std::make_shared<X11Application>(m_desk, number);
 }
 
-/// The process that a window belongs to. A dialog that one program opens for a window of another, as a chooser of files
-/// does, belongs to the latter.
 std::int32_t X11Workspace::numberOf(const X11Client& client) const {
-    constexpr int deepestNesting = 8; // they might go round in a circle
-    const auto* owner = &client;
-    for (int depth = 0; depth < deepestNesting; ++depth) {
-        const auto* parent = m_desk->clients().find(owner->transientFor);
-        if (parent == nullptr || parent->role != X11Client::Role::application) break;
-        owner = parent;
-    }
-    return ownNumberOf(*owner);
-}
-
-std::int32_t X11Workspace::ownNumberOf(const X11Client& client) const {
     if (client.processID) return *client.processID;
     // The server gives each connection a range of numbers for what it makes.
     const auto mask = xcb_get_setup(m_connection.get())->resource_id_mask;
@@ -190,9 +177,16 @@ void X11Workspace::identify(Process& process) const {
     process.label = std::move(label);
 }
 
-bool X11Workspace::hasStartedSince(const X11Application& application) const {
-    const auto facts = m_knowledge.processes.facts(application.processIdentifier());
-    return !facts || facts->startTime >= m_watchingSince;
+/// Whether a process shows its first window, and was started after this was made. One that has none for a while, as in
+/// the tray or while the window manager is replaced, is not launched again.
+bool X11Workspace::isLaunch(const X11Application& application) {
+    const auto number = application.processIdentifier();
+    const auto facts = m_knowledge.processes.facts(number);
+    const std::uint64_t startTime = facts ? facts->startTime : UINT64_MAX;
+    const auto [known, isNew] = m_launched.try_emplace(number, startTime);
+    const bool wasTold = !isNew && known->second == startTime;
+    known->second = startTime;
+    return !wasTold && startTime >= m_watchingSince;
 }
 
 Workspace::Application X11Workspace::frontNow() const {

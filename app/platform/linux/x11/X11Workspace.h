@@ -72,10 +72,9 @@ private:
     void handle(const X11Clients::Change& change);
     std::vector<Handle> regroup();
     std::int32_t numberOf(const X11Client& client) const;
-    std::int32_t ownNumberOf(const X11Client& client) const;
     Handle makeApplication(std::int32_t number) const;
     void identify(Process& process) const;
-    bool hasStartedSince(const X11Application& application) const;
+    bool isLaunch(const X11Application& application);
     Application frontNow() const;
     void receive(const Handle& application);
     void sendBack(const Application& front);
@@ -86,8 +85,9 @@ private:
     Knowledge m_knowledge;
     std::uint64_t m_watchingSince; ///< in the kernel's ticks since boot, as processes have their start times
     std::shared_ptr<X11Desk> m_desk;
-    std::map<std::int32_t, Process> m_processes; ///< those with windows
-    std::vector<std::int32_t> m_order;           ///< of their oldest windows
+    std::map<std::int32_t, Process> m_processes;      ///< those with windows
+    std::vector<std::int32_t> m_order;                ///< of their oldest windows
+    std::map<std::int32_t, std::uint64_t> m_launched; ///< processes that have shown a window, by when they began
     Handle m_self;
     Application m_desktop, m_dock, m_notification;
     Application m_front; ///< what was told of last
