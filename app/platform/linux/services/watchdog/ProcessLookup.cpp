@@ -50,11 +50,14 @@ bool isProcessAlive(std::string_view name, uid_t user) {
     const std::unique_ptr<DIR, int (*)(DIR*)> processes{::opendir("/proc"), ::closedir};
     if (!processes) return false;
     const auto kept = name.substr(0, longestProcessName);
+    const std::string nameLine = std::string{kept} + '\n';
     const int folder = ::dirfd(processes.get());
     // Only this thread reads this stream.
     while (const dirent* entry = ::readdir(processes.get())) { // NOLINT(concurrency-mt-unsafe)
         const std::string process = entry->d_name;
         if (std::isdigit(static_cast<unsigned char>(process.front())) == 0) continue;
+        // Its name alone is told much sooner than its state, and most have another.
+        if (beginningOf(folder, process + "/comm") != nameLine) continue;
         if (!isAliveAs(kept, beginningOf(folder, process + "/stat"))) continue;
         if (userOf(beginningOf(folder, process + "/status")) == user) return true;
     }
