@@ -106,7 +106,9 @@ public:
 
     Cancellable start(std::shared_ptr<Transfer> transfer) {
         const auto number = ++m_count;
-        m_loop.add(transfer->easy);
+        // libcurl and its cryptography are memory and time, which nobody without a phone shall spend.
+        if (!m_loop) m_loop = std::make_unique<CurlLoop>([this] { deliver(); });
+        m_loop->add(transfer->easy);
         m_transfers.emplace(number, std::move(transfer));
         return Cancellable{[self = weak_from_this(), number] {
             if (const auto transfers = self.lock()) transfers->drop(number);
@@ -121,11 +123,11 @@ public:
 private:
     void drop(std::uint64_t number) {
         const auto found = m_transfers.extract(number);
-        if (!found.empty()) m_loop.remove(found.mapped()->easy);
+        if (!found.empty()) m_loop->remove(found.mapped()->easy);
     }
 
     void noteEnded() {
-        while (const auto ended = m_loop.nextEnded()) {
+        while (const auto ended = m_loop->nextEnded()) {
             const auto found =
                 std::ranges::find(m_transfers, ended->first, [](const auto& entry) { return entry.second->easy; });
             if (found != m_transfers.end()) found->second->finish(ended->second);
@@ -156,7 +158,7 @@ private:
         if (transfer->answer) transfer->answer(transfer->status);
     }
 
-    CurlLoop m_loop{[this] { deliver(); }};
+    std::unique_ptr<CurlLoop> m_loop; ///< there from the first request on
     std::map<std::uint64_t, std::shared_ptr<Transfer>> m_transfers;
     std::uint64_t m_count = 0;
 };
