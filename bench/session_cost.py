@@ -7,7 +7,7 @@ Usage: session_cost.py PROGRAMS [--minutes N] [--windows N] [--processes N] [--w
 
 PROGRAMS is the folder of the built programs (preset release). With --service-manager, that of a user guards the session
 in the place of the watchdog's own process. With --browser, an allowed Chromium with the extension of this folder shows
-an allowed page.
+an allowed page; its user must run no other Chromium meanwhile, which would be locked for want of the extension.
 """
 
 import argparse
