@@ -43,7 +43,8 @@ function(velmorin_test name)
     endif()
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
     include(GoogleTest)
-    gtest_discover_tests(${name} NO_PRETTY_VALUES PROPERTIES LABELS ${arg_LABEL} DISCOVERY_TIMEOUT 60)
+    gtest_discover_tests(${name} NO_PRETTY_VALUES
+        PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300 DISCOVERY_TIMEOUT 60)
 endfunction()
 
 # A test program that needs a desktop: the whole of it runs once under each of the window managers.

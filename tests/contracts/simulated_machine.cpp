@@ -3,12 +3,13 @@
 #include "core/foundation/JSONMembers.h"
 #include "core/foundation/RawValue.h"
 #include "tests/contracts/ChildProcessesContract.h"
-#include "tests/contracts/FeedbackContract.h"
 #include "tests/contracts/InstalledApplicationsContract.h"
 #include "tests/contracts/RandomContract.h"
 #include "tests/contracts/RelayTransportContract.h"
 #include "tests/contracts/ServiceManagerContract.h"
+#include "tests/contracts/ShortcutsContract.h"
 #include "tests/contracts/SimulatedBench.h"
+#include "tests/contracts/SoundsContract.h"
 #include "tests/contracts/TimeContract.h"
 
 #include <utility>
@@ -84,7 +85,7 @@ JSONMembers membersOf(const SimulatedEvent& event) {
 class SimulatedSoundsBench final : public SimulatedBench<SoundsBench> {
 public:
     Sounds& sounds() override { return desktop.sounds; }
-    std::string known() override { return "Glass"; }
+    std::pair<std::string, std::string> known() override { return {"Glass", "Purr"}; }
     Played played() override {
         Played heard;
         for (const auto& event : events) {
@@ -94,6 +95,8 @@ public:
         }
         return heard;
     }
+    double tolerance() override { return 0; }
+    bool tellsApartWhatBeginsTogether() override { return true; }
 };
 
 class SimulatedShortcutsBench final : public SimulatedBench<ShortcutsBench> {

@@ -3,116 +3,21 @@
 #include "app/platform/linux/services/LinuxSounds.h"
 #include "core/store/PosixFiles.h"
 #include "tests/support/LoopRunner.h"
-#include "tests/support/TemporaryDirectory.h"
+#include "tests/support/SoundServer.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <csignal>
-#include <cstdlib>
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <numbers>
-#include <numeric>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace velmorin {
 namespace {
 
-constexpr int rate = 48'000;
+constexpr int rate = SoundServer::rate;
 constexpr double glassFrequency = 1174;
 constexpr double purrFrequency = 196;
-
-using Samples = std::vector<double>; ///< 1 is full scale
-
-pid_t spawn(std::vector<std::string> words, int output) {
-    const auto process = ::fork();
-    if (process != 0) return process;
-    ::setsid();
-    ::dup2(output, STDOUT_FILENO);
-    ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
-    std::vector<char*> pointers;
-    for (auto& word : words)
-        pointers.push_back(word.data());
-    pointers.push_back(nullptr);
-    ::execvp(pointers.front(), pointers.data());
-    ::_exit(127);
-}
-
-void end(pid_t& process, int signal) {
-    if (process <= 0) return;
-    ::kill(process, signal);
-    ::waitpid(process, nullptr, 0);
-    process = -1;
-}
-
-/// A sound server without loudspeakers, whose output is recorded.
-class SoundServer {
-public:
-    SoundServer() {
-        ::setenv("HOME", m_directory.path().c_str(), 1);
-        ::setenv("XDG_RUNTIME_DIR", m_directory.path().c_str(), 1);
-        ::setenv("PULSE_SERVER", ("unix:" + socket().string()).c_str(), 1);
-        start();
-    }
-    SoundServer(const SoundServer&) = delete;
-    SoundServer& operator=(const SoundServer&) = delete;
-    ~SoundServer() { stop(); }
-
-    void start() {
-        m_server =
-            spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disallow-exit", "--use-pid-file=no",
-                   "--disable-shm=yes", "-L", "module-null-sink sink_name=probe rate=48000 channels=1", "-L",
-                   "module-native-protocol-unix auth-anonymous=1 socket=" + socket().string()},
-                  STDERR_FILENO);
-        while (!std::filesystem::exists(socket()))
-            ::usleep(10'000);
-        const int file = ::open(recording().c_str(), O_CREAT | O_WRONLY | O_TRUNC | O_CLOEXEC, 0600);
-        m_recorder = spawn(
-            {"parec", "--latency-msec=20", "-d", "probe.monitor", "--format=s16le", "--rate=48000", "--channels=1"},
-            file);
-        ::close(file);
-        while (size() == 0)
-            ::usleep(10'000);
-    }
-    void stop() {
-        end(m_recorder, SIGTERM);
-        end(m_server, SIGKILL);
-        std::filesystem::remove(socket());
-    }
-
-    /// How much has been recorded, in samples.
-    std::size_t size() const {
-        struct stat info {};
-        return ::stat(recording().c_str(), &info) == 0 ? static_cast<std::size_t>(info.st_size) / 2 : 0;
-    }
-    Samples since(std::size_t begin) const {
-        const auto content = PosixFiles{}.read(recording()).value_or("");
-        Samples samples;
-        for (std::size_t index = begin; 2 * index + 1 < content.size(); ++index) {
-            const auto low = static_cast<unsigned char>(content[2 * index]);
-            const auto high = static_cast<unsigned char>(content[2 * index + 1]);
-            samples.push_back(static_cast<std::int16_t>(low | high << 8U) / 32767.0);
-        }
-        return samples;
-    }
-
-private:
-    std::filesystem::path socket() const { return m_directory.path() / "native"; }
-    std::filesystem::path recording() const { return m_directory.path() / "recording"; }
-
-    TemporaryDirectory m_directory;
-    pid_t m_server = -1;
-    pid_t m_recorder = -1;
-};
-
-double peakOf(const Samples& samples) {
-    return std::accumulate(samples.begin(), samples.end(), 0.0,
-                           [](double peak, double sample) { return std::max(peak, std::abs(sample)); });
-}
 
 /// The amplitude of a frequency in a tenth of a second that begins here (Goertzel's sum).
 double amplitudeAt(const Samples& samples, std::size_t begin, double frequency) {

@@ -1,28 +1,12 @@
 #pragma once
 
 #include "app/seams/Shortcuts.h"
-#include "app/seams/Sounds.h"
 #include "tests/contracts/Bench.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace velmorin {
-
-class SoundsBench : public Bench {
-public:
-    using Played = std::vector<std::pair<std::string, double>>;
-
-    virtual Sounds& sounds() = 0;
-    /// The name of a sound that is there.
-    virtual std::string known() = 0;
-    /// What has been heard, with its volume, in order.
-    virtual Played played() = 0;
-};
-
-/// What sounds promise.
-class SoundsContract : public Contract<SoundsBench> {};
 
 class ShortcutsBench : public Bench {
 public:
