@@ -2,6 +2,7 @@
 
 #include "app/platform/linux/applications/IdentityTable.h"
 #include "core/rules/AppPolicy.h"
+#include "core/rules/BrowserKind.h"
 #include "tests/applications/EntriesFixture.h"
 #include "tests/applications/ScriptedProcesses.h"
 
@@ -113,6 +114,42 @@ TEST_F(ApplicationIdentitiesTest, aBrowserIsToldByItsProgramWhateverItsWindowsSa
     EXPECT_EQ(idOf("google-chrome", "Google-chrome"), "com.google.Chrome");
     EXPECT_EQ(identify("crx_abc", "Google-chrome").name, "google-chrome the Application");
     EXPECT_EQ(idOf("innocent", "Innocent"), "com.google.Chrome");
+}
+
+TEST_F(ApplicationIdentitiesTest, aClaimMakesNothingABrowserThatIsWatched) {
+    entry("chromium", script("chromium"), "StartupWMClass=chromium\n");
+    entry("com.google.Chrome", program("game"));
+    userEntry("google-chrome", program("engine"), "StartupWMClass=engine\n");
+    for (const auto* runs : {"/home/me/bin/web", "/usr/bin/xclock", "bin/game", "bin/engine", ""}) {
+        const bool isHere = std::string_view{runs}.starts_with("bin/");
+        this->runs(isHere ? path(runs) : runs);
+        process.controlGroup = "/user.slice/app.slice/app-gnome-chromium-417.scope";
+        for (const auto* claim : {"chromium", "Google-chrome", "com.google.Chrome", "engine", "com.apple.Safari", ""})
+            EXPECT_FALSE(browserKind(idOf(claim, claim))) << claim << " by " << runs;
+    }
+    EXPECT_EQ(idOf("chromium", "Chromium"), "unconfirmed:com.google.Chrome");
+}
+
+TEST_F(ApplicationIdentitiesTest, aScriptWithABrowsersNameIsNotThatBrowser) {
+    runs("/home/me/bin/chromium");
+    process.isScript = true;
+    EXPECT_EQ(idOf("chromium", "Chromium"), "unconfirmed:com.google.Chrome");
+}
+
+TEST_F(ApplicationIdentitiesTest, aWindowOfNobodyKnownIsNoBrowser) {
+    const DesktopEntries entries{surroundings()};
+    const ApplicationIdentities identities{entries, processes};
+    EXPECT_EQ(identities.identify({std::nullopt, "chromium", "Chromium"}).bundleID, "unconfirmed:com.google.Chrome");
+}
+
+TEST_F(ApplicationIdentitiesTest, aSandboxedBrowserIsOneByItsProgramOnly) {
+    for (const auto* sandbox : {"com.google.Chrome", "org.chromium.Chromium"}) {
+        process.flatpakID = sandbox;
+        runs("/app/extra/chrome");
+        EXPECT_EQ(idOf("chrome"), "com.google.Chrome");
+        runs("/app/bin/paint");
+        EXPECT_EQ(idOf("chrome"), "unconfirmed:com.google.Chrome");
+    }
 }
 
 TEST_F(ApplicationIdentitiesTest, aTerminalIsToldByItsProgramWhateverItsWindowsSay) {

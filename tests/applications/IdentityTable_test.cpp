@@ -1,6 +1,7 @@
 #include "app/platform/linux/applications/IdentityTable.h"
 
 #include "app/platform/linux/applications/IdentityRows.h"
+#include "app/platform/linux/browsers/KnownBrowsers.h"
 #include "core/foundation/Text.h"
 #include "core/rules/AppPolicy.h"
 
@@ -129,6 +130,23 @@ TEST(IdentityTableTest, namesAndProgramsAreWrittenInLowerCase) {
 TEST(IdentityTableTest, aRowIsAPartOfTheSystemExactlyWhenItsIdentifierFreesFromTheLock) {
     for (const auto& row : allRows())
         EXPECT_EQ(row.kind == Kind::systemPart, isReserved(row.bundleID)) << row.bundleID;
+}
+
+TEST(IdentityTableTest, everyProgramOfABrowserThatIsReadIsFoundWhenItsTabsAreAskedFor) {
+    for (const auto& row : productRows()) {
+        const auto* const browser = browserWithIdentity(row.bundleID);
+        if (browser == nullptr) continue;
+        EXPECT_FALSE(row.programs.empty()) << row.bundleID;
+        for (const auto& program : words(row.programs))
+            EXPECT_EQ(browserOfExecutable(program), browser) << program;
+    }
+}
+
+TEST(IdentityTableTest, everyProgramThatIsAskedForTabsHasTheIdentifierOfItsBrowser) {
+    for (const auto& browser : knownBrowsers()) {
+        for (const auto program : browser.executables)
+            EXPECT_EQ(bundleIDOfProgram(program, false), browser.identity) << program;
+    }
 }
 
 } // namespace

@@ -30,7 +30,8 @@ protected:
 TEST_F(ProcFSTest, aProcessTellsWhatItIs) {
     process(7, program("editor"));
     write("proc/7/cgroup", "0::/user.slice/app-x-1.scope\n");
-    EXPECT_EQ(facts(7), (ProcessFacts{path("bin/editor"), true, "a) b", "/user.slice/app-x-1.scope", {}, 4711, 1000}));
+    EXPECT_EQ(facts(7),
+              (ProcessFacts{path("bin/editor"), true, false, "a) b", "/user.slice/app-x-1.scope", {}, 4711, 1000}));
 }
 
 TEST_F(ProcFSTest, aProcessThatIsGoneTellsNothing) {
@@ -66,6 +67,7 @@ TEST_F(ProcFSTest, aScriptIsTheProgramOfItsInterpreter) {
     write("proc/7/cmdline", "python3\0-s\0"s + tool + "\0x\0"s);
     EXPECT_EQ(facts(7).program, tool);
     EXPECT_TRUE(facts(7).isOfSystem);
+    EXPECT_TRUE(facts(7).isScript);
     write("proc/7/cmdline", "python3\0tool\0"s);
     EXPECT_EQ(facts(7).program, ""); // wherever that is
     write("proc/7/cmdline", "");

@@ -3,7 +3,9 @@
 #include "app/platform/linux/applications/CommandLine.h"
 #include "app/platform/linux/applications/ControlGroup.h"
 #include "app/platform/linux/applications/IdentityTable.h"
+#include "app/platform/linux/browsers/KnownBrowsers.h"
 #include "core/foundation/Text.h"
+#include "core/rules/BrowserKind.h"
 
 #include <algorithm>
 #include <fstream>
@@ -27,6 +29,12 @@ bool handsOver(const DesktopEntry& entry) {
     if (entry.program.empty()) return true;
     std::ifstream file{entry.program, std::ios::binary};
     return file.get() == '#' && file.get() == '!';
+}
+
+/// Whether a process is one that answers for a browser when its tabs are asked for.
+bool runsBrowser(const ProcessFacts& process, std::string_view bundleID) {
+    const auto* const browser = process.isScript ? nullptr : browserOfExecutable(process.program);
+    return browser != nullptr && browser->identity == bundleID;
 }
 
 std::string idOf(const DesktopEntry& entry) {
@@ -65,6 +73,15 @@ std::string ApplicationIdentities::bundleID(const DesktopEntry& entry) {
 
 std::optional<ApplicationIdentities::Finding> ApplicationIdentities::find(const WindowFacts& window,
                                                                           const ProcessFacts& process) const {
+    auto found = findAnything(window, process);
+    // What is asked for its tabs is found by its executable. Anything else under its identifier would go unwatched.
+    if (found && browserKind(found->bundleID) && !runsBrowser(process, found->bundleID))
+        found->bundleID = IdentityTable::unconfirmed(found->bundleID);
+    return found;
+}
+
+std::optional<ApplicationIdentities::Finding> ApplicationIdentities::findAnything(const WindowFacts& window,
+                                                                                  const ProcessFacts& process) const {
     if (auto found = bySandbox(process)) return found;
     if (auto found = byKnownProgram(window, process)) return found;
     if (auto found = byWindowClass(window, process)) return found;

@@ -27,9 +27,9 @@ struct ApplicationIdentity {
 };
 
 /// Tells which application a window belongs to. A window class is a claim that any program can make: it never gives a
-/// part of the system that the lock passes over, nor an application whose program is known to be another one. The order
-/// of trust stands in docs/identities.md. Each answer reads a few files below /proc; ask once for a window. Main
-/// thread.
+/// part of the system that the lock passes over, nor an application whose program is known to be another one, nor a
+/// browser whose tabs are read. The order of trust stands in docs/identities.md. Each answer reads a few files below
+/// /proc; ask once for a window. Main thread.
 class ApplicationIdentities {
 public:
     /// Both must outlive this.
@@ -50,6 +50,7 @@ private:
 
     ApplicationIdentity own() const;
     std::optional<Finding> find(const WindowFacts& window, const ProcessFacts& process) const;
+    std::optional<Finding> findAnything(const WindowFacts& window, const ProcessFacts& process) const;
     std::optional<Finding> bySandbox(const ProcessFacts& process) const;
     std::optional<Finding> byKnownProgram(const WindowFacts& window, const ProcessFacts& process) const;
     std::optional<Finding> byWindowClass(const WindowFacts& window, const ProcessFacts& process) const;

@@ -83,7 +83,11 @@ bool isOfKind(std::string_view bundleID, Kind kind) {
 
 std::string bundleID(std::string_view name) {
     if (const auto* row = find(index().byName, plain(name))) return std::string{row->bundleID};
-    return isReserved(name) ? "unconfirmed:" + std::string{name} : std::string{name};
+    return isReserved(name) ? unconfirmed(name) : std::string{name};
+}
+
+std::string unconfirmed(std::string_view bundleID) {
+    return "unconfirmed:" + std::string{bundleID};
 }
 
 std::optional<std::string_view> bundleIDOfProgram(std::string_view program, bool isOfSystem) {

@@ -18,6 +18,9 @@ inline constexpr std::string_view ownBundleID = "com.kestrava.velmorin";
 /// back marked, so that the core does not know it: a name is a claim.
 std::string bundleID(std::string_view name);
 
+/// An identifier that is only claimed, marked so that the core knows nothing of that name.
+std::string unconfirmed(std::string_view bundleID);
+
 /// The identifier for what runs a program with this file name, where the table has it. A part of the system is only
 /// told by its program, and only where that was put there by the system (`isOfSystem`).
 std::optional<std::string_view> bundleIDOfProgram(std::string_view program, bool isOfSystem);

@@ -92,6 +92,7 @@ void readProgram(const fs::path& folder, ProcessFacts& facts) {
     const auto resolved = script.starts_with('/') ? fs::canonical(script, missing) : fs::path{};
     if (resolved.empty()) return;
     facts.program = resolved.string();
+    facts.isScript = true;
     facts.isOfSystem = isKeptFrom(facts.userID, resolved);
 }
 

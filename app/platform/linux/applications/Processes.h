@@ -11,6 +11,7 @@ namespace velmorin {
 struct ProcessFacts {
     std::string program;      ///< path of the executable, or of the script that an interpreter runs; links resolved
     bool isOfSystem = false;  ///< the program is a file that the process's own user could not have put there
+    bool isScript = false;    ///< the program is a script: the process executes its interpreter
     std::string shortName;    ///< of at most 15 bytes, and as the process likes
     std::string controlGroup; ///< path in the service manager's hierarchy, as "/user.slice/…/app-….scope"
     std::optional<std::string> flatpakID; ///< of the application whose sandbox it runs in

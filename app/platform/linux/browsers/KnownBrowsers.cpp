@@ -9,17 +9,22 @@ namespace {
 
 using Names = std::string_view;
 
-constexpr std::array<Names, 3> chromeExecutables{"chromium", "chrome", "chromium-browser"};
+constexpr std::array<Names, 8> chromeExecutables{"chromium",           "chrome",
+                                                 "chromium-browser",   "chromium-freeworld",
+                                                 "google-chrome",      "google-chrome-stable",
+                                                 "google-chrome-beta", "google-chrome-unstable"};
 constexpr std::array<Names, 4> chromeFolders{"chromium", "google-chrome", "google-chrome-beta",
                                              "google-chrome-unstable"};
-constexpr std::array<Names, 3> firefoxExecutables{"firefox-esr", "firefox", "firefox-bin"};
-constexpr std::array<Names, 1> braveExecutables{"brave"};
+constexpr std::array<Names, 7> firefoxExecutables{
+    "firefox-esr",        "firefox",        "firefox-bin", "firefox-beta", "firefox-developer-edition",
+    "firefox-devedition", "firefox-nightly"};
+constexpr std::array<Names, 3> braveExecutables{"brave", "brave-browser", "brave-browser-stable"};
 constexpr std::array<Names, 1> braveFolders{"BraveSoftware/Brave-Browser"};
-constexpr std::array<Names, 1> edgeExecutables{"msedge"};
+constexpr std::array<Names, 3> edgeExecutables{"msedge", "microsoft-edge", "microsoft-edge-stable"};
 constexpr std::array<Names, 1> edgeFolders{"microsoft-edge"};
-constexpr std::array<Names, 1> operaExecutables{"opera"};
+constexpr std::array<Names, 3> operaExecutables{"opera", "opera-beta", "opera-developer"};
 constexpr std::array<Names, 1> operaFolders{"opera"};
-constexpr std::array<Names, 1> vivaldiExecutables{"vivaldi-bin"};
+constexpr std::array<Names, 2> vivaldiExecutables{"vivaldi-bin", "vivaldi"};
 constexpr std::array<Names, 1> vivaldiFolders{"vivaldi"};
 
 constexpr auto chromium = KnownBrowser::Family::chromium;

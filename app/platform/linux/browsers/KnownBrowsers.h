@@ -14,7 +14,7 @@ struct KnownBrowser {
     /// The identifier by which scripts address it, whatever its channel or packaging.
     std::string_view identity;
     Family family;
-    /// The base names of what a main process of it executes.
+    /// The base names of what a main process of it executes; all that the identity table of applications has for it.
     std::span<const std::string_view> executables;
     /// The folders with its profiles, below the user's configuration folder; where a Chromium looks for its hosts.
     std::span<const std::string_view> profileFolders;
