@@ -78,18 +78,24 @@ class Chromium:
         world.desktop.run(world.host, "--install", self.profile)
 
     def let_in_private_windows(self):
-        """What a user clicks on the extension's page, asked over the browser's own debugging pipe."""
-        target = self.debug("Target.createTarget", url="chrome://extensions/")["targetId"]
-        session = self.debug("Target.attachToTarget", targetId=target, flatten=True)["sessionId"]
         # Without the developer mode, an extension from a folder does not survive a change.
-        click = (
+        self.click(
             "chrome.developerPrivate.updateProfileConfiguration({inDeveloperMode: true}).then(() =>"
             " chrome.developerPrivate.updateExtensionConfiguration("
             f"{{extensionId: '{CHROMIUM_EXTENSION}', incognitoAccess: true}}))"
         )
+
+    def switch_extension_off(self):
+        self.click(f"chrome.management.setEnabled('{CHROMIUM_EXTENSION}', false)")
+
+    def click(self, script):
+        """What a user clicks on the extension's page, asked over the browser's own debugging pipe. The page stands in
+        the background and is closed again."""
+        target = self.debug("Target.createTarget", url="chrome://extensions/", background=True)["targetId"]
+        session = self.debug("Target.attachToTarget", targetId=target, flatten=True)["sessionId"]
         wait_until(
             lambda: "exceptionDetails"
-            not in self.debug("Runtime.evaluate", session, awaitPromise=True, expression=click)
+            not in self.debug("Runtime.evaluate", session, awaitPromise=True, expression=script)
         )
         self.debug("Target.closeTarget", targetId=target)
 

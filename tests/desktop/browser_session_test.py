@@ -40,10 +40,10 @@ class BrowserSessionTest(bridge.BridgeTest):
     def page(self, host, path="page"):
         return f"http://{host}:{bridge.WORLD.server.server_port}/{path}"
 
-    def browse(self, *addresses, has_extension=True):
+    def browse(self, *addresses, has_extension=True, debugging=False):
         self.browser = bridge.BROWSER(bridge.WORLD, has_extension)
         self.browser.command.append("--host-resolver-rules=MAP *.test 127.0.0.1")
-        self.browser.start(*addresses)
+        self.browser.start(*addresses, debugging=debugging)
         if has_extension:
             self.await_addresses(*addresses)
         wait_until(self.browser_windows)
@@ -122,6 +122,19 @@ class BrowserSessionTest(bridge.BridgeTest):
         time.sleep(4.2)
         self.assertFalse(self.is_hidden())
         self.assertEqual(self.windows(), {window: address for window in self.windows()})
+
+    def test_an_extension_switched_off_in_mid_session_locks_the_browser_within_four_seconds(self):
+        self.browse(self.page("allowed.test"), debugging=True)
+        self.start_session()
+        time.sleep(4.2)
+        self.assertFalse(self.is_hidden())
+        self.browser.switch_extension_off()
+        switched_off = time.monotonic()
+        wait_until(self.is_hidden, 6, 0.02)
+        took = time.monotonic() - switched_off
+        self.assertLess(took, 4)
+        wait_until(lambda: not self.hosts())
+        self.assertIn("automation denied for Chrome", self.lock.log())
 
     def test_a_browser_that_is_not_allowed_is_hidden_and_not_asked(self):
         self.browse(self.page("allowed.test"))
