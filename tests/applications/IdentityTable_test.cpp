@@ -62,7 +62,7 @@ TEST(IdentityTableTest, aPartOfTheSystemIsToldByItsProgramWhereTheSystemPutItThe
     const std::map<std::string, std::string> parts{
         {"Thunar", "com.apple.finder"},
         {"xfce4-panel", "com.apple.dock"},
-        {"krunner", "com.apple.Spotlight"},
+        {"brisk-menu", "com.apple.Spotlight"},
         {"openbox", "com.apple.WindowManager"},
         {"polkit-gnome-authentication-agent-1", "com.apple.SecurityAgent"},
         {"xscreensaver", "com.apple.ScreenSaver.Engine"},
@@ -79,6 +79,16 @@ TEST(IdentityTableTest, aPartOfTheSystemIsToldByItsProgramWhereTheSystemPutItThe
     }
     EXPECT_EQ(bundleIDOfProgram("editor", true), std::nullopt);
     EXPECT_EQ(bundleIDOfProgram("", true), std::nullopt);
+}
+
+TEST(IdentityTableTest, whatTakesACommandLineIsNoPartOfTheSystemButAWayRoundTheLock) {
+    for (const auto* program : {"krunner", "xfce4-appfinder", "lxqt-runner", "rofi", "wofi", "dmenu", "jgmenu",
+                                "ulauncher", "albert", "synapse", "kupfer", "gmrun"}) {
+        const auto id = bundleIDOfProgram(program, true);
+        ASSERT_TRUE(id.has_value()) << program;
+        EXPECT_FALSE(isReserved(*id)) << program;
+        EXPECT_TRUE(isEscapeHatch(*id)) << program;
+    }
 }
 
 TEST(IdentityTableTest, waysRoundTheLockAreKnownUnderAllTheirNames) {

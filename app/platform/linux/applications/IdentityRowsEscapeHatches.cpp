@@ -113,6 +113,17 @@ constexpr std::array rows{
     Row{escapeHatch, "sikulix", "sikulix sikulixide", ""},
     Row{escapeHatch, "xmacro", "xmacro gnee", "gnee"},
     Row{escapeHatch, "gmrun", "gmrun", "gmrun"},
+    Row{escapeHatch, "org.kde.krunner", "org.kde.krunner krunner", "krunner"},
+    Row{escapeHatch, "xfce4-appfinder", "xfce4-appfinder xfce4-run org.xfce.appfinder", "xfce4-appfinder"},
+    Row{escapeHatch, "lxqt-runner", "lxqt-runner", "lxqt-runner"},
+    Row{escapeHatch, "rofi", "rofi", "rofi"},
+    Row{escapeHatch, "wofi", "wofi", "wofi"},
+    Row{escapeHatch, "dmenu", "dmenu", "dmenu"},
+    Row{escapeHatch, "jgmenu", "jgmenu", "jgmenu"},
+    Row{escapeHatch, "ulauncher", "ulauncher io.ulauncher.ulauncher", "ulauncher"},
+    Row{escapeHatch, "albert", "albert", "albert"},
+    Row{escapeHatch, "synapse", "synapse", "synapse"},
+    Row{escapeHatch, "kupfer", "kupfer", "kupfer kupfer.py"},
     Row{escapeHatch, "xephyr", "xephyr xnest", "xephyr xnest"},
 };
 

@@ -26,10 +26,10 @@ constexpr std::array rows{
         "budgie-panel wingpanel io.elementary.wingpanel io.elementary.dock dde-dock dde-shell cosmic-panel "
         "cosmic-panel-button polybar tint2 plank latte-dock cairo-dock docky waybar i3bar swaybar xmobar lemonbar "
         "fbpanel perlpanel sfwbar nwg-dock nwg-panel wnck-applet clock-applet"},
-    // What starts applications by name. All it starts is judged by itself.
+    // The menus of applications that are programs of their own, and without which a desktop starts nothing. All they
+    // start is judged by itself. Launchers that a user adds, or that run command lines, are ways round the lock.
     Row{systemPart, "com.apple.Spotlight", "",
-        "krunner xfce4-appfinder lxqt-runner rofi wofi dmenu ulauncher albert synapse kupfer dde-launcher "
-        "io.elementary.applications-menu mate-brisk-menu brisk-menu jgmenu"},
+        "dde-launcher io.elementary.applications-menu mate-brisk-menu brisk-menu"},
     Row{systemPart, "com.apple.WindowManager", "",
         "openbox xfwm4 kwin_x11 kwin_wayland mutter metacity marco muffin compiz gala budgie-wm deepin-kwin_x11 "
         "cosmic-comp i3 sway bspwm awesome fluxbox icewm jwm dwm herbstluftwm enlightenment fvwm fvwm3 twm ctwm cwm "
