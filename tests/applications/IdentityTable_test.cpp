@@ -81,6 +81,27 @@ TEST(IdentityTableTest, aPartOfTheSystemIsToldByItsProgramWhereTheSystemPutItThe
     EXPECT_EQ(bundleIDOfProgram("", true), std::nullopt);
 }
 
+TEST(IdentityTableTest, dialogsThatAllowedApplicationsNeedAreThoseOfTheSystem) {
+    const std::map<std::string, std::string> helpers{
+        {"com.apple.coreservices.uiagent",
+         "xdg-desktop-portal xdg-desktop-portal-gtk xdg-desktop-portal-kde xdg-desktop-portal-gnome "
+         "xdg-desktop-portal-xapp xdg-desktop-portal-lxqt xdg-desktop-portal-wlr xdg-desktop-portal-hyprland"},
+        {"com.apple.SecurityAgent",
+         "polkit-gnome-authentication-agent-1 polkit-mate-authentication-agent-1 polkit-kde-authentication-agent-1 "
+         "lxqt-policykit-agent lxpolkit xfce-polkit budgie-polkit-dialog gcr-prompter gcr4-ssh-askpass "
+         "pinentry-gnome3 pinentry-gtk-2 pinentry-qt pinentry-qt6 pinentry-fltk"},
+        {"com.apple.systemuiserver",
+         "ibus-daemon ibus-ui-gtk3 ibus-engine-anthy ibus-engine-hangul ibus-engine-rime mozc_renderer fcitx fcitx5 "
+         "uim-candwin-gtk3 kime-candidate-window onboard maliit-server orca kmag kaccess magnus mousetweaks"},
+    };
+    for (const auto& [id, programs] : helpers) {
+        for (const auto& program : words(programs)) {
+            EXPECT_EQ(bundleIDOfProgram(program, true), id) << program;
+            EXPECT_EQ(bundleIDOfProgram(program, false), std::nullopt) << program;
+        }
+    }
+}
+
 TEST(IdentityTableTest, whatTakesACommandLineIsNoPartOfTheSystemButAWayRoundTheLock) {
     for (const auto* program : {"krunner", "xfce4-appfinder", "lxqt-runner", "rofi", "wofi", "dmenu", "jgmenu",
                                 "ulauncher", "albert", "synapse", "kupfer", "gmrun"}) {

@@ -38,9 +38,11 @@ constexpr std::array rows{
     Row{systemPart, "com.apple.SecurityAgent", "",
         "polkit-gnome-authentication-agent-1 polkit-mate-authentication-agent-1 polkit-kde-authentication-agent-1 "
         "polkit-ukui-authentication-agent-1 lxqt-policykit-agent lxpolkit xfce-polkit mate-polkit dde-polkit-agent "
-        "io.elementary.desktop.agent-polkit cosmic-osd gcr-prompter gcr4-ssh-askpass gcr-ssh-askpass "
+        "io.elementary.desktop.agent-polkit cosmic-osd budgie-polkit-dialog hyprpolkitagent "
+        "polkit-efl-authentication-agent-1 gcr-prompter gcr4-ssh-askpass gcr-ssh-askpass "
         "pinentry-gnome3 pinentry-gtk-2 pinentry-gtk pinentry-qt pinentry-qt5 pinentry-x11 pinentry-qt4 "
-        "pinentry-fltk kwalletd5 kwalletd6 kwalletd ksecretd ksshaskpass lxqt-openssh-askpass x11-ssh-askpass "
+        "pinentry-fltk pinentry-tqt pinentry-efl pinentry-qt6 kwalletd5 kwalletd6 kwalletd ksecretd ksshaskpass "
+        "lxqt-openssh-askpass x11-ssh-askpass "
         "ssh-askpass gnome-ssh-askpass gnome-ssh-askpass2 gnome-ssh-askpass3"},
     Row{systemPart, "com.apple.ScreenSaver.Engine", "",
         "xscreensaver xscreensaver-gfx xscreensaver-auth xscreensaver-systemd gnome-screensaver "
@@ -60,14 +62,21 @@ constexpr std::array rows{
         "nm-applet blueman-applet blueman-tray pasystray cbatticon volumeicon trayer stalonetray "
         "xfce4-power-manager mate-power-manager mate-volume-control-status-icon xfce4-volumed-pulse "
         "ibus-daemon ibus-ui-gtk3 ibus-extension-gtk3 ibus-x11 ibus-ui-emojier ibus-engine-simple ibus-engine-m17n "
-        "ibus-engine-libpinyin ibus-engine-table ibus-engine-mozc fcitx fcitx5 fcitx-qimpanel "
-        "uim-toolbar-gtk3 uim-toolbar-gtk uim-xim scim scim-panel-gtk gxkb sbxkb "
-        "onboard florence matchbox-keyboard maliit-keyboard squeekboard xvkbd orca kmag kmousetool "
+        "ibus-engine-libpinyin ibus-engine-table ibus-engine-mozc ibus-engine-anthy ibus-engine-cangjie "
+        "ibus-engine-chewing ibus-engine-hangul ibus-engine-kkc ibus-engine-libzhuyin ibus-engine-pinyin "
+        "ibus-engine-rime ibus-engine-skk ibus-engine-sunpinyin ibus-engine-typing-booster ibus-engine-unikey "
+        "mozc_renderer fcitx fcitx5 fcitx-qimpanel "
+        "uim-toolbar-gtk3 uim-toolbar-gtk uim-toolbar-qt5 uim-candwin-gtk3 uim-candwin-gtk uim-candwin-qt5 uim-xim "
+        "scim scim-panel-gtk gcin hime nabi nimf kime-candidate-window kime-indicator kime-xim gxkb sbxkb "
+        "onboard florence matchbox-keyboard maliit-keyboard maliit-server squeekboard phosh-osk-stub wvkbd-mobintl "
+        "cellwriter xvkbd orca kmag kmousetool kaccess magnus xzoom "
         "mousetweaks"},
-    // Portals: the dialogs in which a sandboxed application opens and saves files.
+    // Portals: the dialogs in which applications open and save files. Their windows belong to these processes.
     Row{systemPart, "com.apple.coreservices.uiagent", "",
         "xdg-desktop-portal-gtk xdg-desktop-portal-gnome xdg-desktop-portal-kde xdg-desktop-portal-xapp "
-        "xdg-desktop-portal-lxqt xdg-desktop-portal-wlr xdg-desktop-portal-cosmic xdg-desktop-portal-pantheon"},
+        "xdg-desktop-portal-lxqt xdg-desktop-portal-wlr xdg-desktop-portal-cosmic xdg-desktop-portal-pantheon "
+        "xdg-desktop-portal xdg-desktop-portal-hyprland xdg-desktop-portal-dde xdg-desktop-portal-phosh "
+        "xdg-desktop-portal-luminous"},
 };
 
 } // namespace
