@@ -79,10 +79,8 @@ LockOptions LockOptions::parse(std::span<const std::string> arguments) {
     return options;
 }
 
-std::vector<std::string> LockOptions::forWatchdog(const std::filesystem::path& store) const {
-    std::vector<std::string> arguments{"--home", store.string()};
-    if (!returnsByItself) arguments.emplace_back("--manual");
-    return arguments;
+std::vector<std::string> LockOptions::forWatchdog(const std::filesystem::path& store) {
+    return {"--home", store.string()};
 }
 
 } // namespace velmorin

@@ -26,9 +26,10 @@ struct LockOptions {
     /// Throws MalformedInput with what is wrong with the arguments, in words.
     static LockOptions parse(std::span<const std::string> arguments);
 
-    /// The arguments with which the watchdog starts the same again, besides its own. The directory of the store is
-    /// always named: the session that starts it may have other places.
-    std::vector<std::string> forWatchdog(const std::filesystem::path& store) const;
+    /// The arguments with which the watchdog starts the program again, besides its own. The directory of the store is
+    /// always named: the session that starts it may have other places. Warnings then answer themselves, whatever was
+    /// asked for, since nobody listens to that process.
+    static std::vector<std::string> forWatchdog(const std::filesystem::path& store);
 };
 
 } // namespace velmorin

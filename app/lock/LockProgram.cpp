@@ -4,6 +4,8 @@
 
 #include <array>
 #include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -44,7 +46,7 @@ LockProgram::LockProgram(LinuxSeams& seams, LockOptions options, std::optional<P
                }} {
     m_appearance.apply(*m_data.settings());
     m_controller.autoReturnFromWarnings = m_options.returnsByItself;
-    m_controller.watchdogArguments = m_options.forWatchdog(seams.directory);
+    m_controller.watchdogArguments = LockOptions::forWatchdog(seams.directory);
     m_seams.onQuitRequest = [this] { askToQuit(); };
 }
 
@@ -90,7 +92,11 @@ void LockProgram::connect() {
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
         m_watches.push_back(m_seams.loop.watchSignal(number, [this] { askToQuit(); }));
     ignoreStops();
-    m_commands = m_seams.loop.watchReadable(STDIN_FILENO, [this] { readCommands(); });
+    m_commands = m_seams.loop.watchReadable(STDIN_FILENO, [this] {
+        // At its end the session goes on.
+        if (!readCommands(STDIN_FILENO, m_input)) m_commands.cancel();
+    });
+    listenToPipe();
 }
 
 void LockProgram::launch() {
@@ -99,6 +105,7 @@ void LockProgram::launch() {
         m_seams.application.terminate();
         return;
     }
+    if (m_profile && m_controller.isActive()) tell("profileIgnored");
     if (m_profile && !m_controller.isActive()) m_controller.start(*m_profile, m_options.intent);
     // Without a window there is nothing to stay for but a session, or the summary of one.
     if (!m_controller.isActive() && shows<Overlay::None>(*m_controller.overlay())) m_seams.application.terminate();
@@ -110,32 +117,44 @@ void LockProgram::askToQuit() {
     if (quits) m_seams.loop.quit(0);
 }
 
-void LockProgram::readCommands() {
+bool LockProgram::readCommands(int descriptor, std::string& unread) {
     std::array<char, 4096> bytes{};
-    const auto count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
-    if (count <= 0) {
-        // The session goes on without anybody who could end it.
-        m_commands.cancel();
-        return;
-    }
-    m_input.append(bytes.data(), static_cast<std::size_t>(count));
-    for (auto end = m_input.find('\n'); end != std::string::npos; end = m_input.find('\n')) {
-        const auto line = m_input.substr(0, end);
-        m_input.erase(0, end + 1);
+    const auto count = ::read(descriptor, bytes.data(), bytes.size());
+    if (count <= 0) return false;
+    unread.append(bytes.data(), static_cast<std::size_t>(count));
+    for (auto end = unread.find('\n'); end != std::string::npos; end = unread.find('\n')) {
+        const auto line = unread.substr(0, end);
+        unread.erase(0, end + 1);
         obey(line);
     }
+    return true;
+}
+
+/// A pipe in the store, for whoever has lost the terminal that the session was started from, or wants to speak to a
+/// process that the watchdog has started.
+void LockProgram::listenToPipe() {
+    const auto path = m_seams.directory / "commands";
+    ::unlink(path.c_str());
+    if (::mkfifo(path.c_str(), S_IRUSR | S_IWUSR) != 0) return;
+    // Open for writing too, so that it never ends.
+    m_pipe = Descriptor{::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC)};
+    if (!m_pipe.isOpen()) return;
+    m_watches.push_back(
+        m_seams.loop.watchReadable(m_pipe.number(), [this] { readCommands(m_pipe.number(), m_pipeInput); }));
 }
 
 void LockProgram::obey(const std::string& line) {
     constexpr std::string_view confirm = "confirm ";
+    const auto& overlay = *m_controller.overlay();
     if (line == "return") {
-        m_controller.returnToWork();
+        goBack();
     } else if (line == "exit") {
         m_controller.beginEmergencyExit();
     } else if (line == "cancel") {
-        m_controller.cancelEmergencyExit();
+        if (shows<Overlay::EmergencyExit>(overlay)) m_controller.cancelEmergencyExit();
     } else if (line.starts_with(confirm)) {
         m_controller.confirmEmergencyExit(line.substr(confirm.size()));
+        if (m_controller.isActive()) tell("refused");
     } else if (line == "show") {
         tellSession();
     } else if (line == "quit") {
@@ -143,6 +162,16 @@ void LockProgram::obey(const std::string& line) {
     } else if (!line.empty()) {
         tell("unknown", [&line](JSONOutput& output) { writeMember(output, "command", line); });
     }
+}
+
+/// From a warning only when its pause is over, as its button would.
+void LockProgram::goBack() {
+    const auto* warning = std::get_if<Overlay::Warning>(&*m_controller.overlay());
+    if (warning == nullptr || warning->info.pauseEndsAt > m_seams.clock.now()) {
+        tell("refused");
+        return;
+    }
+    m_controller.returnToWork();
 }
 
 void LockProgram::tellSession() {

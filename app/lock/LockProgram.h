@@ -8,6 +8,7 @@
 #include "app/platform/linux/x11/X11HotKey.h"
 #include "app/strings/Appearance.h"
 #include "core/foundation/JSONOutput.h"
+#include "core/store/Descriptor.h"
 
 #include <functional>
 #include <string>
@@ -40,7 +41,9 @@ private:
     void launch();
     void askToQuit();
     void obey(const std::string& line);
-    void readCommands();
+    bool readCommands(int descriptor, std::string& unread);
+    void listenToPipe();
+    void goBack();
     void tellSession();
     void tell(std::string_view event, const Members& members = {}) const;
 
@@ -52,7 +55,9 @@ private:
     AppData m_data;
     SessionController m_controller;
     Lifecycle m_lifecycle;
-    std::string m_input; ///< read, without its line end so far
+    std::string m_input; ///< read from standard input, without its line end so far
+    std::string m_pipeInput;
+    Descriptor m_pipe;
     std::vector<Cancellable> m_watches;
     Cancellable m_commands;
     X11HotKey m_hotKey;

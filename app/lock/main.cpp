@@ -6,6 +6,7 @@
 #include "app/lock/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/lock/LockProgram.h"
+#include "app/lock/ProfileReading.h"
 #include "app/platform/linux/services/SingleInstance.h"
 #include "core/foundation/JSONArguments.h"
 
@@ -26,11 +27,15 @@ namespace {
 
 constexpr int malformed = 2;
 
-Profile readProfile(const std::filesystem::path& path) {
+Profile readProfileFile(const std::filesystem::path& path) {
     std::ifstream file{path};
     if (!file || std::filesystem::is_directory(path)) throw MalformedInput{path.string() + " cannot be read"};
     const std::string text{std::istreambuf_iterator<char>{file}, {}};
-    return readOver(Profile{path.stem().string(), SessionMode::pomodoro}, text, "profile");
+    try {
+        return readProfile(text, path.stem().string());
+    } catch (const MalformedInput& wrong) {
+        throw MalformedInput{path.string() + ": " + wrong.what()};
+    }
 }
 
 void print(JSONOutput& output) {
@@ -71,7 +76,10 @@ void listCatalogue(const LinuxSeams& seams) {
 int handOver(const SingleInstance& instance, const LockOptions& options) {
     if (options.launch.launchedByWatchdog) return EXIT_SUCCESS;
     instance.askFirstToShow();
-    std::cerr << "velmorin-lock: it runs already, and tells how it stands where it was started\n";
+    std::cerr << "velmorin-lock: it runs already, and tells how it stands where it was started. To speak to it:\n"
+                 "    echo show > "
+              << (options.launch.homeDirectory ? options.launch.homeDirectory->string() : "~/.local/share/Velmorin")
+              << "/commands\n";
     return EXIT_FAILURE;
 }
 
@@ -82,6 +90,7 @@ int hold(LinuxSeams& seams, const LockOptions& options, const std::optional<Prof
     SingleInstance ofUser{seams.loop, seams.places.configuration / "Velmorin"};
     for (const auto* instance : {&ofStore, &ofUser})
         if (!instance->isFirst()) return handOver(*instance, options);
+    if (::access(directory.c_str(), W_OK) != 0) throw MalformedInput{"nothing can be written to " + directory.string()};
     LinePrinter printer{STDOUT_FILENO};
     LockProgram program{seams, options, profile, [&printer](const std::string& line) { printer.print(line); }};
     for (auto* instance : {&ofStore, &ofUser})
@@ -94,7 +103,7 @@ int run(const LockOptions& options) {
         std::cout << LockOptions::usage();
         return EXIT_SUCCESS;
     }
-    const auto profile = options.profile ? std::optional{readProfile(*options.profile)} : std::nullopt;
+    const auto profile = options.profile ? std::optional{readProfileFile(*options.profile)} : std::nullopt;
     const auto places = LinuxPlaces::ofThisProcess();
     // By which the watchdog knows it, also where it was called through a link of another name.
     ::prctl(PR_SET_NAME, places.program.filename().c_str());

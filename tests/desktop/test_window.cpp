@@ -48,9 +48,6 @@ public:
         m_deleteWindow = atom("WM_DELETE_WINDOW");
         m_motifHints = atom("_MOTIF_WM_HINTS");
     }
-    Windows(const Windows&) = delete;
-    Windows& operator=(const Windows&) = delete;
-    ~Windows() { xcb_ewmh_connection_wipe(&m_ewmh); }
 
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
@@ -237,17 +234,6 @@ bool readInput(std::string& pending, int& descriptor, Windows& windows) {
 
 /// Goes on until somebody ends it.
 void serve(xcb_connection_t* connection, Windows& windows) {
-} // namespace
-
-int main(int count, char** words) {
-    int number = 0;
-    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> held{xcb_connect(nullptr, &number),
-                                                                            &xcb_disconnect};
-    auto* const connection = held.get();
-    if (xcb_connection_has_error(connection) != 0) return 1;
-    Windows windows{connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data,
-                    readWishes({words + 1, words + count})};
-    windows.open();
     int input = STDIN_FILENO;
     std::string pending;
     while (xcb_connection_has_error(connection) == 0) {
