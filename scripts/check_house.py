@@ -266,6 +266,17 @@ def source_paths(root):
                 yield file.relative_to(root).as_posix()
 
 
+def conflict_marks(root):
+    """(path, line, message) of each mark of a merge that was left in a file, of whatever kind."""
+    for top in [*TOP_FOLDERS, "scripts", "docs", "cmake", "browser-extension", "resources"]:
+        for file in sorted((root / top).rglob("*")):
+            if not file.is_file() or file.suffix in (".wav", ".png", ".pyc"):
+                continue
+            text = file.read_text(encoding="utf-8", errors="replace")
+            for match in re.finditer(r"^(?:<{7}|>{7}) ", text, re.MULTILINE):
+                yield file.relative_to(root).as_posix(), text.count("\n", 0, match.start()) + 1, "the mark of a conflict"
+
+
 def main(arguments):
     if len(arguments) != 1:
         print("Usage: check_house.py ROOT", file=sys.stderr)
@@ -275,7 +286,7 @@ def main(arguments):
     if not paths:
         print(f"{root}: no source file at all; is this the root of the project?", file=sys.stderr)
         return 1
-    findings = set()
+    findings = set(conflict_marks(root))
     for path in paths:
         source = Source(root, path)
         findings.update((path, line, message) for check in CHECKS for line, message in check(source))

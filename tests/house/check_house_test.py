@@ -57,6 +57,11 @@ def findings(tree):
 
 
 class CheckHouseTest(unittest.TestCase):
+    def test_the_marks_of_a_conflict_are_found_in_files_of_every_kind(self):
+        for mark in ("<" * 7 + " HEAD", ">" * 7 + " theirs"):
+            status, said = findings({**GOOD_TREE, "docs/page.md": f"text\n{mark}\n"})
+            self.assertEqual((1, ["docs/page.md:2: the mark of a conflict"]), (status, said))
+
     def assert_clean(self, tree):
         status, lines = findings(tree)
         self.assertEqual([], [line for line in lines if "no findings" not in line])
