@@ -5,15 +5,20 @@
 #include "tests/support/RecordingChildProcesses.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
+#include <future>
 #include <gmock/gmock.h>
 #include <optional>
 #include <sys/stat.h>
+#include <thread>
 
 namespace velmorin {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -147,27 +152,122 @@ TEST_F(LinuxShortcutsTest, onKDETheLastWordCountsHoweverQuicklyItComes) {
     EXPECT_THAT(notifications.told, ElementsAre("inhibit", "release"));
 }
 
-TEST_F(LinuxShortcutsTest, onXFCETheSettingIsChanged) {
-    BusPeer xfconf{bus, "org.xfce.Xfconf"};
+/// The settings of XFCE, which write down what they are told.
+class Xfconf {
+public:
+    explicit Xfconf(const BusDaemon& bus) : m_peer{bus, "org.xfce.Xfconf"} {
+        m_peer.serve("/org/xfce/Xfconf",
+                     "<node><interface name='org.xfce.Xfconf'><method name='SetProperty'><arg type='s' direction='in'/>"
+                     "<arg type='s' direction='in'/><arg type='v' direction='in'/></method></interface></node>",
+                     [this](const std::string&, GVariant* parameters) {
+                         const char* channel = nullptr;
+                         const char* property = nullptr;
+                         GVariant* value = nullptr;
+                         g_variant_get(parameters, "(&s&sv)", &channel, &property, &value);
+                         const GValueTree held{value};
+                         const bool isOn = g_variant_get_boolean(value) != FALSE;
+                         told.push_back(std::string{channel} + property + (isOn ? " on" : " off"));
+                         return g_variant_new("()");
+                     });
+    }
     std::vector<std::string> told;
-    xfconf.serve("/org/xfce/Xfconf",
-                 "<node><interface name='org.xfce.Xfconf'><method name='SetProperty'><arg type='s' direction='in'/>"
-                 "<arg type='s' direction='in'/><arg type='v' direction='in'/></method></interface></node>",
-                 [&](const std::string&, GVariant* parameters) {
-                     const char* channel = nullptr;
-                     const char* property = nullptr;
-                     GVariant* value = nullptr;
-                     g_variant_get(parameters, "(&s&sv)", &channel, &property, &value);
-                     const GValueTree held{value};
-                     told.push_back(std::string{channel} + property + (g_variant_get_boolean(value) ? " on" : " off"));
-                     return g_variant_new("()");
-                 });
+
+private:
+    BusPeer m_peer;
+};
+
+TEST_F(LinuxShortcutsTest, onXFCETheSettingIsChanged) {
+    Xfconf xfconf{bus};
     useDesktop("XFCE");
     shortcuts->run("Velmorin On");
-    EXPECT_TRUE(runner.runUntil([&] { return told.size() == 1; }, 10));
+    EXPECT_TRUE(runner.runUntil([&] { return xfconf.told.size() == 1; }, 10));
     shortcuts->run("Velmorin Off");
-    EXPECT_TRUE(runner.runUntil([&] { return told.size() == 2; }, 10));
-    EXPECT_THAT(told, ElementsAre("xfce4-notifyd/do-not-disturb on", "xfce4-notifyd/do-not-disturb off"));
+    EXPECT_TRUE(runner.runUntil([&] { return xfconf.told.size() == 2; }, 10));
+    EXPECT_THAT(xfconf.told, ElementsAre("xfce4-notifyd/do-not-disturb on", "xfce4-notifyd/do-not-disturb off"));
+}
+
+/// The settings of XFCE on a thread of their own, so that they answer while this one waits.
+class XfconfApart {
+public:
+    explicit XfconfApart(const BusDaemon& bus) {
+        std::promise<void> isReady;
+        auto ready = isReady.get_future();
+        m_thread = std::thread{[this, &bus, &isReady] { serve(bus, isReady); }};
+        ready.wait();
+    }
+    XfconfApart(const XfconfApart&) = delete;
+    XfconfApart& operator=(const XfconfApart&) = delete;
+    ~XfconfApart() { end(); }
+
+    /// What they have been told; they are gone from then on.
+    std::vector<std::string> end() {
+        m_isOver = true;
+        if (m_thread.joinable()) m_thread.join();
+        return m_told;
+    }
+
+private:
+    void serve(const BusDaemon& bus, std::promise<void>& isReady) {
+        auto* context = g_main_context_new();
+        g_main_context_push_thread_default(context);
+        {
+            Xfconf xfconf{bus};
+            isReady.set_value();
+            for (; !m_isOver; g_usleep(1000))
+                while (g_main_context_iteration(context, FALSE) != FALSE) {
+                }
+            m_told = xfconf.told;
+        }
+        g_main_context_pop_thread_default(context);
+        g_main_context_unref(context);
+    }
+
+    std::atomic<bool> m_isOver{false};
+    std::vector<std::string> m_told;
+    std::thread m_thread;
+};
+
+TEST_F(LinuxShortcutsTest, whatIsTurnedOffIsOffThoughTheProgramEndsAtOnce) {
+    XfconfApart xfconf{bus};
+    useDesktop("XFCE");
+    shortcuts->run("Velmorin Off");
+    shortcuts.reset();
+    EXPECT_THAT(xfconf.end(), ElementsAre("xfce4-notifyd/do-not-disturb off"));
+}
+
+TEST_F(LinuxShortcutsTest, theLastWordCountsThoughTheProgramEndsAtOnce) {
+    XfconfApart xfconf{bus};
+    useDesktop("XFCE");
+    shortcuts->run("Velmorin On");
+    runner.run(0.2);
+    shortcuts->run("Velmorin Off");
+    shortcuts.reset();
+    const auto told = xfconf.end();
+    ASSERT_THAT(told, Contains("xfce4-notifyd/do-not-disturb on"));
+    EXPECT_EQ(told.back(), "xfce4-notifyd/do-not-disturb off");
+}
+
+TEST_F(LinuxShortcutsTest, settingsThatDoNotAnswerHoldUpTheEndForASecondOnly) {
+    const Xfconf xfconf{bus}; // served by this thread, which waits
+    useDesktop("XFCE");
+    shortcuts->run("Velmorin Off");
+    const auto begin = std::chrono::steady_clock::now();
+    shortcuts.reset();
+    const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - begin;
+    EXPECT_GT(waited.count(), 0.5 * DoNotDisturb::patience);
+    EXPECT_LT(waited.count(), DoNotDisturb::patience + 1);
+    // It has been sent all the same.
+    EXPECT_TRUE(runner.runUntil([&] { return !xfconf.told.empty(); }, 10));
+}
+
+TEST_F(LinuxShortcutsTest, anEndWithoutAnybodyToTellIsQuick) {
+    for (const char* desktop : {"XFCE", "KDE", "GNOME"}) {
+        useDesktop(desktop);
+        shortcuts->run("Velmorin Off");
+        const auto begin = std::chrono::steady_clock::now();
+        shortcuts.reset();
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds{500}) << desktop;
+    }
 }
 
 TEST_F(LinuxShortcutsTest, aDesktopThatServesNoneIsNoError) {

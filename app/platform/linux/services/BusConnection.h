@@ -36,6 +36,20 @@ private:
     std::shared_ptr<State> m_state;
 };
 
+/// A call of a method on a message bus.
+struct BusCall {
+    const char* name;
+    const char* path;
+    const char* interface;
+    const char* method;
+    GVariant* parameters; ///< taken by whoever makes the call
+};
+
+/// Makes a call and returns when it is answered, at the latest after `patience` seconds. False where nobody has
+/// answered by then, or with an error. `connection` may be null: one of this call's own is made then. Nothing else of
+/// the program is called meanwhile. Main thread.
+bool callAndWait(Bus bus, GDBusConnection* connection, const BusCall& call, double patience);
+
 /// Signals of one object, handed on until this goes.
 class SignalSubscription {
 public:

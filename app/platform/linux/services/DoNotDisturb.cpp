@@ -1,7 +1,11 @@
 #include "app/platform/linux/services/DoNotDisturb.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
+#include <future>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 namespace velmorin {
@@ -28,6 +32,18 @@ void showBanners(bool isShown) {
     g_settings_set_boolean(settings.get(), key, isShown ? TRUE : FALSE);
 }
 
+/// What was set reaches those who keep the settings; they are waited for no longer than `patience`.
+void flushSettings(double patience) {
+    std::promise<void> done;
+    const auto isDone = done.get_future();
+    // It cannot be called off: a thread that still waits for somebody who hangs is left to the end of the process.
+    std::thread{[done = std::move(done)]() mutable {
+        g_settings_sync();
+        done.set_value();
+    }}.detach();
+    isDone.wait_for(std::chrono::duration<double>{patience});
+}
+
 /// Whether a list of desktops, the most particular first, has this one.
 bool names(std::string_view list, std::string_view desktop) {
     while (!list.empty()) {
@@ -48,7 +64,12 @@ void callAndForget(GDBusConnection* connection, const char* name, const char* pa
 
 DoNotDisturb::DoNotDisturb() : m_desktop{currentDesktop()}, m_mark{std::make_shared<DoNotDisturb*>(this)} {}
 
-DoNotDisturb::~DoNotDisturb() = default;
+DoNotDisturb::~DoNotDisturb() {
+    if (m_answered == m_asked) return;
+    if (m_desktop == Desktop::gnome) flushSettings(patience);
+    // Said once more: a bus may forget what waits for its receiver to start when the sender goes.
+    if (m_desktop == Desktop::xfce) callAndWait(Bus::session, m_bus->get(), changeOfXFCE(), patience);
+}
 
 DoNotDisturb::Desktop DoNotDisturb::currentDesktop() {
     const char* desktops = std::getenv("XDG_CURRENT_DESKTOP");
@@ -60,6 +81,7 @@ DoNotDisturb::Desktop DoNotDisturb::currentDesktop() {
 
 void DoNotDisturb::set(bool isOn) {
     m_isOn = isOn;
+    ++m_asked;
     if (m_desktop == Desktop::gnome) showBanners(!isOn);
     if (m_desktop == Desktop::kde || m_desktop == Desktop::xfce) {
         if (!m_bus) {
@@ -80,9 +102,24 @@ void DoNotDisturb::apply(GDBusConnection* connection) {
     }
 }
 
-void DoNotDisturb::tellXFCE(GDBusConnection* connection) const {
-    callAndForget(connection, "org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf", "SetProperty",
-                  g_variant_new("(ssv)", "xfce4-notifyd", "/do-not-disturb", g_variant_new_boolean(m_isOn)));
+BusCall DoNotDisturb::changeOfXFCE() const {
+    return {"org.xfce.Xfconf", "/org/xfce/Xfconf", "org.xfce.Xfconf", "SetProperty",
+            g_variant_new("(ssv)", "xfce4-notifyd", "/do-not-disturb", g_variant_new_boolean(m_isOn ? TRUE : FALSE))};
+}
+
+void DoNotDisturb::tellXFCE(GDBusConnection* connection) {
+    struct Asked {
+        std::weak_ptr<DoNotDisturb*> mark;
+        unsigned number;
+    };
+    const auto arrive = [](GObject* source, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<Asked> asked{static_cast<Asked*>(data)};
+        const GValueTree answer{g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, nullptr)};
+        if (const auto self = asked->mark.lock()) (*self)->m_answered = asked->number;
+    };
+    const auto call = changeOfXFCE();
+    g_dbus_connection_call(connection, call.name, call.path, call.interface, call.method, call.parameters, nullptr,
+                           G_DBUS_CALL_FLAGS_NONE, -1, nullptr, arrive, new Asked{m_mark, m_asked});
 }
 
 void DoNotDisturb::inhibitKDE(GDBusConnection* connection) {
