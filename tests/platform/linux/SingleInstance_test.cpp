@@ -3,12 +3,19 @@
 #include "tests/support/LoopRunner.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdint>
+#include <cstring>
+#include <ctime>
 #include <gtest/gtest.h>
+#include <list>
 #include <optional>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -182,6 +189,83 @@ TEST_F(SingleInstanceTest, aDirectoryWithALongNameIsOneAsWell) {
     Start second{deep};
     EXPECT_EQ(second.status(), Start::hasAsked);
     EXPECT_EQ(first.status(), Start::wasShown);
+}
+
+/// Someone who has connected to the first.
+class Caller {
+public:
+    explicit Caller(const std::filesystem::path& directory) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const auto path = (directory / "instance.socket").string();
+        std::memcpy(address.sun_path, path.c_str(), std::min(path.size() + 1, sizeof address.sun_path - 1));
+        const auto* generic = static_cast<const sockaddr*>(static_cast<const void*>(&address));
+        m_isConnected = ::connect(m_socket.number(), generic, sizeof address) == 0;
+    }
+    bool isConnected() const { return m_isConnected; }
+    void ask() const { EXPECT_EQ(::send(m_socket.number(), "s", 1, MSG_NOSIGNAL), 1); }
+    bool isHungUp() const {
+        char said = 0;
+        return ::recv(m_socket.number(), &said, 1, MSG_DONTWAIT) == 0;
+    }
+
+private:
+    Descriptor m_socket{::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)};
+    bool m_isConnected = false;
+};
+
+TEST_F(SingleInstanceTest, ofThoseWhoSayNothingTheOldestGo) {
+    LoopRunner runner;
+    SingleInstance first{runner.loop(), directory()};
+    int asked = 0;
+    first.onShow([&] { ++asked; });
+    constexpr int kept = 16;
+    constexpr int callers = 40;
+    std::list<Caller> silent;
+    for (int number = 0; number < callers; ++number) {
+        ASSERT_TRUE(silent.emplace_back(directory()).isConnected());
+        runner.run(0.005);
+    }
+    EXPECT_TRUE(
+        runner.runUntil([&] { return std::ranges::count_if(silent, &Caller::isHungUp) == callers - kept; }, 10));
+    EXPECT_TRUE(silent.front().isHungUp());
+    silent.back().ask();
+    EXPECT_TRUE(runner.runUntil([&] { return asked == 1; }, 10));
+}
+
+/// Takes every further descriptor from this process.
+class NoDescriptors {
+public:
+    NoDescriptors() {
+        ::getrlimit(RLIMIT_NOFILE, &m_before);
+        const Descriptor next{::dup(STDERR_FILENO)};
+        const rlimit none{static_cast<rlim_t>(next.number()), m_before.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    NoDescriptors(const NoDescriptors&) = delete;
+    NoDescriptors& operator=(const NoDescriptors&) = delete;
+    ~NoDescriptors() { ::setrlimit(RLIMIT_NOFILE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(SingleInstanceTest, whoCannotBeTakenNowIsTakenLaterWithoutAskingAllTheTime) {
+    LoopRunner runner;
+    SingleInstance first{runner.loop(), directory()};
+    int asked = 0;
+    first.onShow([&] { ++asked; });
+    runner.run(0.01);
+    const Caller caller{directory()};
+    caller.ask();
+    {
+        const NoDescriptors none;
+        const auto begin = std::clock();
+        runner.run(0.5);
+        EXPECT_LT(std::clock() - begin, CLOCKS_PER_SEC / 10);
+        EXPECT_EQ(asked, 0);
+    }
+    EXPECT_TRUE(runner.runUntil([&] { return asked == 1; }, 10));
 }
 
 TEST_F(SingleInstanceTest, whereNothingCanBeLockedTheProgramStillStarts) {

@@ -1,5 +1,6 @@
 #include "app/platform/linux/services/SingleInstance.h"
 
+#include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <optional>
@@ -20,6 +21,9 @@ namespace {
 constexpr char request = 's';
 constexpr char answer = 'y';
 constexpr timeval patience{1, 0};
+/// Of those that have connected and say nothing, no more are kept.
+constexpr std::size_t mostClients = 16;
+constexpr double pauseAfterFailure = 1; // seconds
 
 /// A socket's address by way of its open folder, since the path itself may be longer than an address can be.
 struct SocketAddress {
@@ -81,16 +85,26 @@ void SingleInstance::listen() {
     ::chmod(m_socketPath.c_str(), S_IRUSR | S_IWUSR);
     if (::listen(socket.number(), waiting) != 0) return;
     m_socket = std::move(socket);
+    watch();
+}
+
+void SingleInstance::watch() {
     m_watch = m_loop.watchReadable(m_socket.number(), [this] { accept(); });
 }
 
 void SingleInstance::accept() {
     Descriptor socket{
         uninterrupted([&] { return ::accept4(m_socket.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK); })};
+    if (!socket.isOpen() && errno != EAGAIN && errno != ECONNABORTED) {
+        // Who waits there stays there, and the loop would do nothing but ask again.
+        m_watch.cancel();
+        m_pause = m_timers.after(pauseAfterFailure, [this] { watch(); });
+    }
     if (!socket.isOpen() || !isOwnUser(socket.number())) return;
     const int number = socket.number();
     auto watch = m_loop.watchReadable(number, [this, number] { hear(number); });
-    m_clients.insert_or_assign(number, Client{std::move(socket), std::move(watch)});
+    if (m_clients.size() == mostClients) m_clients.pop_front();
+    m_clients.push_back({std::move(socket), std::move(watch)});
 }
 
 void SingleInstance::hear(int client) {
@@ -99,8 +113,7 @@ void SingleInstance::hear(int client) {
     // Held while it is called, where it may be the last use of this.
     const auto call = m_onShow;
     if (count == 1 && said == request) ::send(client, &answer, 1, MSG_NOSIGNAL);
-    auto gone = m_clients.extract(client);
-    gone.mapped().watch.cancel();
+    m_clients.remove_if([client](const Client& each) { return each.socket.number() == client; });
     if (count == 1 && said == request && call) call();
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/platform/linux/loop/LoopTimers.h"
 #include "app/platform/linux/loop/MainLoop.h"
 #include "app/seams/Cancellable.h"
 #include "core/store/Descriptor.h"
 
 #include <filesystem>
 #include <functional>
-#include <map>
+#include <list>
 
 namespace velmorin {
 
@@ -32,6 +33,7 @@ public:
 private:
     bool lock(const std::filesystem::path& file);
     void listen();
+    void watch();
     void accept();
     void hear(int client);
 
@@ -44,9 +46,11 @@ private:
         Descriptor socket;
         Cancellable watch;
     };
-    std::map<int, Client> m_clients; ///< by their descriptors
+    std::list<Client> m_clients; ///< that have connected and said nothing yet, the oldest first
     Cancellable m_watch;
     MainLoop& m_loop;
+    LoopTimers m_timers;
+    Cancellable m_pause; ///< until connections are taken again
 };
 
 } // namespace velmorin
