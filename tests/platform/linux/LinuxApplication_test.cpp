@@ -182,6 +182,13 @@ TEST(LinuxApplicationWithoutBusTest, startsAtOnceAndHearsNothing) {
     ::unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
+TEST(LinuxApplicationWithoutBusTest, whatItWasCalledAtItsStartIsNotHandedToWhatItStarts) {
+    ::setenv("DESKTOP_AUTOSTART_ID", "101", 1);
+    LoopRunner runner;
+    const LinuxApplication application{runner.loop(), std::nullopt, [] {}};
+    EXPECT_EQ(std::getenv("DESKTOP_AUTOSTART_ID"), nullptr);
+}
+
 TEST(LinuxApplicationWithoutBusTest, itsRequestsGoWithIt) {
     LoopRunner runner;
     int requests = 0;

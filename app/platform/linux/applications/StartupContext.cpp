@@ -28,8 +28,9 @@ GType contextType() {
 }
 
 /// What speaks of our own start or our own service, and would mislead another program.
-constexpr std::array own{"XDG_ACTIVATION_TOKEN", "NOTIFY_SOCKET",  "WATCHDOG_PID",  "WATCHDOG_USEC",  "LISTEN_PID",
-                         "LISTEN_FDS",           "LISTEN_FDNAMES", "INVOCATION_ID", "JOURNAL_STREAM", "MANAGERPID"};
+constexpr std::array own{"XDG_ACTIVATION_TOKEN", "DESKTOP_AUTOSTART_ID", "NOTIFY_SOCKET", "WATCHDOG_PID",
+                         "WATCHDOG_USEC",        "LISTEN_PID",           "LISTEN_FDS",    "LISTEN_FDNAMES",
+                         "INVOCATION_ID",        "JOURNAL_STREAM",       "MANAGERPID"};
 
 } // namespace
 

@@ -22,10 +22,14 @@ constexpr std::array<Manager, 2> managers{{
     {"org.xfce.SessionManager", "/org/xfce/SessionManager", "org.xfce.Session.Manager", "org.xfce.Session.Client"},
 }};
 
-/// What the session manager has called this program at its start, if it started it.
-std::string startupIdentifier() {
-    const char* identifier = std::getenv("DESKTOP_AUTOSTART_ID");
-    return identifier == nullptr ? "" : identifier;
+/// What the session manager has called this program at its start, if it started it. Taken out of the environment, so
+/// that nothing that is started from here passes for this program.
+std::string takeStartupIdentifier() {
+    constexpr const char* variable = "DESKTOP_AUTOSTART_ID";
+    const char* found = std::getenv(variable);
+    std::string identifier = found == nullptr ? "" : found;
+    g_unsetenv(variable);
+    return identifier;
 }
 
 } // namespace
@@ -33,10 +37,10 @@ std::string startupIdentifier() {
 /// This program as a client of one session manager, for as long as that is there.
 class SessionEnd::Client {
 public:
-    Client(const Manager& manager, GDBusConnection* connection, std::string identifier, const Calls& calls)
+    Client(const Manager& manager, GDBusConnection* connection, const Names& names, const Calls& calls)
         : m_manager{manager},
           m_connection{G_DBUS_CONNECTION(g_object_ref(connection))},
-          m_identifier{std::move(identifier)},
+          m_names{names},
           m_calls{calls} {
         const auto appear = [](GDBusConnection*, const gchar*, const gchar* owner, gpointer data) {
             static_cast<Client*>(data)->enrol(owner);
@@ -62,7 +66,7 @@ private:
             if (const auto client = mark->lock(); client && answer) (*client)->listen(answer.get());
         };
         g_dbus_connection_call(m_connection.get(), owner, m_manager.path, m_manager.interface, "RegisterClient",
-                               g_variant_new("(ss)", m_identifier.c_str(), startupIdentifier().c_str()),
+                               g_variant_new("(ss)", m_names.identifier.c_str(), m_names.startupIdentifier.c_str()),
                                G_VARIANT_TYPE("(o)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, arrive,
                                new Mark{m_mark});
     }
@@ -96,7 +100,7 @@ private:
 
     const Manager& m_manager;
     GOwned<GDBusConnection> m_connection;
-    std::string m_identifier;
+    const Names& m_names;
     const Calls& m_calls;
     unsigned m_watch = 0;
     std::string m_owner;
@@ -106,7 +110,7 @@ private:
 };
 
 SessionEnd::SessionEnd(std::string identifier, Calls calls)
-    : m_identifier{std::move(identifier)},
+    : m_names{std::move(identifier), takeStartupIdentifier()},
       m_calls{std::move(calls)},
       m_systemBus{Bus::system, [this](GDBusConnection* connection) { listenToLogind(connection); }},
       m_sessionBus{Bus::session, [this](GDBusConnection* connection) { registerWithManagers(connection); }} {}
@@ -127,7 +131,7 @@ void SessionEnd::listenToLogind(GDBusConnection* connection) {
 
 void SessionEnd::registerWithManagers(GDBusConnection* connection) {
     for (const auto& manager : managers)
-        m_clients.push_back(std::make_unique<Client>(manager, connection, m_identifier, m_calls));
+        m_clients.push_back(std::make_unique<Client>(manager, connection, m_names, m_calls));
 }
 
 } // namespace velmorin

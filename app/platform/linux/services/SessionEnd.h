@@ -19,7 +19,8 @@ public:
         std::function<void()> onStop;      ///< a session manager wants this program to end
     };
 
-    /// `identifier` is what a session manager knows this program by.
+    /// `identifier` is what a session manager knows this program by. What one has called it at its start, in
+    /// $DESKTOP_AUTOSTART_ID, is taken out of the environment.
     SessionEnd(std::string identifier, Calls calls);
     SessionEnd(const SessionEnd&) = delete;
     SessionEnd& operator=(const SessionEnd&) = delete;
@@ -27,11 +28,15 @@ public:
 
 private:
     class Client;
+    struct Names {
+        std::string identifier;
+        std::string startupIdentifier;
+    };
 
     void listenToLogind(GDBusConnection* connection);
     void registerWithManagers(GDBusConnection* connection);
 
-    std::string m_identifier;
+    Names m_names;
     Calls m_calls;
     SignalSubscription m_shutdown;
     std::vector<std::unique_ptr<Client>> m_clients;

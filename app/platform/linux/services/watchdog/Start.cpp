@@ -17,6 +17,8 @@ namespace {
     for (auto& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);
+    // A session manager has told this of its own start, at login.
+    ::unsetenv("DESKTOP_AUTOSTART_ID");
     std::signal(SIGHUP, SIG_DFL);
     std::signal(SIGPIPE, SIG_DFL);
     ::execvp(pointers.front(), pointers.data());
@@ -33,6 +35,8 @@ Words inScope(const Words& command, const std::string& tag) {
         "--quiet",
         "--collect",
         "--slice=app.slice",
+        // The program may refuse to end while a session runs, and a log-out shall not wait for it.
+        "--property=TimeoutStopSec=5",
         "--unit=app-com.kestrava.velmorin-" + tag + ".scope",
         "--description=Velmorin",
         "--",
