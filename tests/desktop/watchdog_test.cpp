@@ -11,6 +11,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstring>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <iostream>
 #include <random>
@@ -22,6 +23,7 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::Each;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
@@ -161,18 +163,71 @@ TEST(WatchdogTest, aServiceManagerThatHangsDoesNotHoldUpASession) {
     if (manager.obstacle()) GTEST_SKIP() << *manager.obstacle();
     Watchdog watchdog{manager.configDirectory(), manager.runtimeDirectory()};
     ::kill(manager.process(), SIGSTOP);
-    EXPECT_LT(duration([&] { watchdog.serviceManager.install({"--watchdog"}); }), 12.0);
+    EXPECT_LT(duration([&] { watchdog.serviceManager.install({"--watchdog"}); }), 3.5);
     watchdog.awaitProgram();
     // The other way guards it, and it alone.
     EXPECT_THAT(watchdog.world.keepers(), SizeIs(1));
     EXPECT_THAT(watchdog.world.filesLeft(), Each(Not(HasSubstr("systemd"))));
-    EXPECT_LT(duration([&] { watchdog.serviceManager.remove(); }), 8.0);
+    EXPECT_LT(duration([&] { watchdog.serviceManager.remove(); }), 3.5);
     EXPECT_THAT(watchdog.world.keepers(), IsEmpty());
     watchdog.serviceManager.install({"--watchdog"});
     ::kill(manager.process(), SIGCONT);
     watchdog.serviceManager.install({"--watchdog"});
     EXPECT_THAT(watchdog.world.filesLeft(), Each(Not(HasSubstr("autostart"))));
     EXPECT_THAT(watchdog.world.filesLeft(), Contains(HasSubstr("watchdog.timer")));
+}
+
+TEST(WatchdogTest, aJobThatAServiceManagerWasNotToldToEndStartsNothing) {
+    const UserManagerProcess manager;
+    if (manager.obstacle()) GTEST_SKIP() << *manager.obstacle();
+    Watchdog watchdog{manager.configDirectory(), manager.runtimeDirectory()};
+    watchdog.serviceManager.install({"--watchdog"});
+    watchdog.awaitProgram();
+    ::kill(manager.process(), SIGSTOP);
+    watchdog.serviceManager.remove();
+    ::kill(manager.process(), SIGCONT);
+    EXPECT_THAT(watchdog.world.filesLeft(), IsEmpty());
+    for (const auto process : watchdog.world.living())
+        watchdog.world.kill(process);
+    GuardedWorld::wait(7);
+    EXPECT_THAT(watchdog.world.living(), IsEmpty());
+}
+
+TEST(WatchdogTest, aTimerThatDoesNotStartIsNotWaitedFor) {
+    const UserManagerProcess manager;
+    if (manager.obstacle()) GTEST_SKIP() << *manager.obstacle();
+    const auto changes = manager.configDirectory() / "systemd/user/com.kestrava.velmorin.watchdog.timer.d";
+    std::filesystem::create_directories(changes);
+    std::ofstream{changes / "never.conf"} << "[Unit]\nConditionPathExists=/nowhere\n";
+    Watchdog watchdog{manager.configDirectory(), manager.runtimeDirectory()};
+    EXPECT_LT(duration([&] { watchdog.serviceManager.install({"--watchdog"}); }), SystemdServiceManager::patience / 2);
+    EXPECT_THAT(watchdog.world.keepers(), SizeIs(1));
+}
+
+TEST(WatchdogTest, wordsThatNoUnitHoldsAreGuardedByTheKeeper) {
+    const UserManagerProcess manager;
+    if (manager.obstacle()) GTEST_SKIP() << *manager.obstacle();
+    Watchdog watchdog{manager.configDirectory(), manager.runtimeDirectory()};
+    watchdog.serviceManager.install({"--watchdog", "\xFF"});
+    watchdog.awaitProgram();
+    ASSERT_THAT(watchdog.world.living(), SizeIs(1));
+    EXPECT_THAT(GuardedWorld::argumentsOf(watchdog.world.living().front()), ElementsAre("--watchdog", "\xFF"));
+    EXPECT_THAT(watchdog.world.keepers(), SizeIs(1));
+}
+
+TEST(WatchdogTest, foldersThatAreEmptyAfterwardsGoAndOthersStay) {
+    const TemporaryDirectory directory;
+    const auto config = directory.path() / "config";
+    Watchdog watchdog{config, directory.path() / "run"};
+    watchdog.serviceManager.install({"--watchdog"});
+    watchdog.serviceManager.remove();
+    EXPECT_TRUE(std::filesystem::is_empty(config));
+    std::filesystem::create_directories(config / "elsewhere");
+    std::filesystem::create_symlink("elsewhere", config / "autostart");
+    watchdog.serviceManager.install({"--watchdog"});
+    watchdog.serviceManager.remove();
+    EXPECT_TRUE(std::filesystem::is_symlink(config / "autostart"));
+    EXPECT_TRUE(std::filesystem::is_directory(config / "elsewhere"));
 }
 
 TEST(WatchdogTest, aKeeperGoesWithItsAutostartEntryAndWithItsDisplay) {

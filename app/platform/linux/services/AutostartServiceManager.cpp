@@ -8,6 +8,7 @@
 #include <chrono>
 #include <fcntl.h>
 #include <thread>
+#include <unistd.h>
 #include <utility>
 
 namespace velmorin {
@@ -68,6 +69,9 @@ void AutostartServiceManager::remove() {
     const Descriptor job{uninterrupted([&] { return ::open(jobFile().c_str(), O_RDWR | O_CLOEXEC); })};
     m_files.remove(entryFile());
     m_files.remove(jobFile());
+    // Only an empty folder goes, and no link to one.
+    for (const auto& file : {entryFile(), jobFile()})
+        ::rmdir(file.parent_path().c_str());
     waitForEndOfKeeper(job);
 }
 

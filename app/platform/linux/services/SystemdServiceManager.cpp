@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <array>
+#include <glib.h>
+#include <unistd.h>
 #include <utility>
 
 namespace velmorin {
@@ -38,9 +40,12 @@ bool link(const fs::path& target, const fs::path& place) {
     return !failure;
 }
 
-/// No program can be handed a zero byte.
+/// No program can be handed a zero byte, and units hold nothing but UTF-8.
 bool canBePassed(const std::vector<std::string>& words) {
-    return std::ranges::none_of(words, [](const std::string& word) { return word.find('\0') != std::string::npos; });
+    return std::ranges::all_of(words, [](const std::string& word) {
+        // A zero byte is none here either.
+        return g_utf8_validate(word.data(), static_cast<gssize>(word.size()), nullptr) != FALSE;
+    });
 }
 
 } // namespace
@@ -61,7 +66,13 @@ bool SystemdServiceManager::tryInstall(const std::vector<std::string>& launchArg
     UserSystemd systemd{m_place.runtimeDirectory, patience};
     if (systemd.isReachable() && writeUnits(launchArguments) && systemd.reload() && systemd.restart(UnitText::timer))
         return true;
-    remove(systemd);
+    if (systemd.isReachable()) {
+        // The time of the other may be over.
+        UserSystemd again{m_place.runtimeDirectory, patienceToUndo};
+        remove(again);
+    } else {
+        removeFiles();
+    }
     return false;
 }
 
@@ -96,11 +107,12 @@ void SystemdServiceManager::removeFiles() {
     std::error_code ignored;
     for (const auto& wish : wishes) {
         fs::remove(wishFile(folder, wish), ignored);
-        // Only an empty folder goes.
-        fs::remove(wishFile(folder, wish).parent_path(), ignored);
+        // Only an empty folder goes, and no link to one.
+        ::rmdir(wishFile(folder, wish).parent_path().c_str());
     }
     m_files.remove(unitFile(UnitText::timer));
     m_files.remove(unitFile(UnitText::service));
+    if (::rmdir(folder.c_str()) == 0) ::rmdir(folder.parent_path().c_str());
     if (!m_place.runtimeDirectory.empty()) m_files.remove(environmentFile());
 }
 

@@ -15,10 +15,13 @@ class UserSystemd;
 
 /// The watchdog as units of the user's service manager, systemd: a timer that runs the check, and what has both start
 /// at the next login. The program itself is started as a unit of its own, so that nothing ends together with the check.
-/// Main thread; blocks while the service manager is asked, for `patience` at most.
+/// Main thread; blocks while the service manager is asked, for `patience` at most; an `install` that fails for
+/// `patienceToUndo` more.
 class SystemdServiceManager final : public ServiceManager {
 public:
-    static constexpr double patience = 5; ///< seconds
+    /// Seconds. A session that is taken up locks only when its guard has been set up, and shall lock within 4 seconds.
+    static constexpr double patience = 2;
+    static constexpr double patienceToUndo = 1; ///< seconds
 
     /// `files` must outlive this.
     SystemdServiceManager(WatchdogPlace place, Files& files);

@@ -53,6 +53,10 @@ std::string serviceUnit(const std::vector<std::string>& check) {
     return "[Unit]\n"
            "Description=Brings Velmorin back while a session runs\n"
            "StartLimitIntervalSec=0\n"
+           "# A service manager that could not be told of the end still has the timer run.\n"
+           "ConditionPathExists=%E/systemd/user/" +
+           std::string{timer} +
+           "\n"
            "\n"
            "[Service]\n"
            "Type=oneshot\n"

@@ -104,17 +104,17 @@ public:
 
     /// Absent when that cannot be told. A unit that is not there is inactive.
     std::optional<std::string> stateOf(const std::string& unit) {
-        const auto found = callManager("GetUnit", g_variant_new("(s)", unit.c_str()));
-        if (!found) return isCut() ? std::nullopt : std::optional<std::string>{"inactive"};
-        const char* path = nullptr;
-        g_variant_get(found.get(), "(&o)", &path);
-        const auto property = call(path, "org.freedesktop.DBus.Properties", "Get",
-                                   g_variant_new("(ss)", "org.freedesktop.systemd1.Unit", "ActiveState"));
-        if (!property) return std::nullopt;
-        GVariant* value = nullptr;
-        g_variant_get(property.get(), "(v)", &value);
-        const GValueTree state{value};
-        return g_variant_get_string(state.get(), nullptr);
+        const auto path = pathOf(unit);
+        if (!path) return isCut() ? std::nullopt : std::optional<std::string>{"inactive"};
+        const auto state = property(*path, "ActiveState");
+        return state ? std::optional<std::string>{g_variant_get_string(state.get(), nullptr)} : std::nullopt;
+    }
+
+    /// The state of a unit once nothing is about to happen to it; absent when that does not come in time.
+    std::optional<std::string> settledStateOf(const std::string& unit) {
+        while (hasJob(unit) && !isCut())
+            pause();
+        return stateOf(unit);
     }
 
     /// Asks for the state of a unit until it is as wanted; false when it does not become so in time.
@@ -127,6 +127,33 @@ public:
     }
 
 private:
+    std::optional<std::string> pathOf(const std::string& unit) {
+        const auto found = callManager("GetUnit", g_variant_new("(s)", unit.c_str()));
+        if (!found) return std::nullopt;
+        const char* path = nullptr;
+        g_variant_get(found.get(), "(&o)", &path);
+        return path;
+    }
+
+    /// A property of a unit; null when it cannot be had.
+    GValueTree property(const std::string& path, const char* name) {
+        const auto answer = call(path.c_str(), "org.freedesktop.DBus.Properties", "Get",
+                                 g_variant_new("(ss)", "org.freedesktop.systemd1.Unit", name));
+        if (!answer) return nullptr;
+        GVariant* value = nullptr;
+        g_variant_get(answer.get(), "(v)", &value);
+        return GValueTree{value};
+    }
+
+    /// Whether a unit is still to be started or stopped.
+    bool hasJob(const std::string& unit) {
+        const auto path = pathOf(unit);
+        const auto job = path ? property(*path, "Job") : nullptr;
+        guint32 number = 0;
+        if (job) g_variant_get(job.get(), "(uo)", &number, nullptr);
+        return number != 0;
+    }
+
     /// Nobody listens on the other side any more, or the time is up.
     bool isCut() const {
         return g_cancellable_is_cancelled(m_end.get()) != FALSE ||
@@ -189,7 +216,7 @@ bool UserSystemd::reload() {
 bool UserSystemd::restart(std::string_view unit) {
     const std::string name{unit};
     return m_connection->callManager("RestartUnit", g_variant_new("(ss)", name.c_str(), "replace")) &&
-           m_connection->waitForState(name, [](const std::string& state) { return state == "active"; });
+           m_connection->settledStateOf(name) == "active";
 }
 
 bool UserSystemd::stop(std::string_view unit) {

@@ -22,7 +22,7 @@ public:
     bool isReachable() const;
     /// Has it read its unit files again.
     bool reload();
-    /// Starts a unit, or starts it again, and returns when it is active.
+    /// Starts a unit, or starts it again, and returns when it is active, or when it has come to anything else.
     bool restart(std::string_view unit);
     /// Stops a unit and returns when it is not active any more. True also when there is none.
     bool stop(std::string_view unit);
