@@ -35,7 +35,7 @@ LinuxPlaces LinuxPlaces::ofThisProcess() {
 }
 
 std::filesystem::path LinuxPlaces::companion(const std::string& name) const {
-    const auto beside = program.parent_path() / name;
+    auto beside = program.parent_path() / name;
     std::error_code missing;
     if (std::filesystem::exists(beside, missing)) return beside;
     return program.parent_path().parent_path() / "libexec" / "velmorin" / name;
@@ -43,7 +43,7 @@ std::filesystem::path LinuxPlaces::companion(const std::string& name) const {
 
 std::filesystem::path LinuxPlaces::resources(const std::string& name) const {
     const auto prefix = program.parent_path().parent_path();
-    const auto installed = prefix / "share" / "velmorin" / name;
+    auto installed = prefix / "share" / "velmorin" / name;
     std::error_code missing;
     if (std::filesystem::exists(installed, missing)) return installed;
     // A build tree is build/PRESET below the sources.

@@ -19,7 +19,7 @@ public:
     /// How old a process gets to be before it must have a host, in seconds: a browser that is coming up.
     static constexpr double youth = 10.0;
     /// How long a browser may be without a host that it has had, or should have.
-    static constexpr std::chrono::seconds grace{1};
+    static constexpr std::chrono::milliseconds grace{500};
     /// How long an answer takes at most where nothing is wrong. After it, whoever owes it is looked at.
     static constexpr std::chrono::seconds patience{2};
 
