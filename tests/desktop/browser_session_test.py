@@ -113,7 +113,7 @@ class BrowserSessionTest(bridge.BridgeTest):
         warning = self.lock.await_event("overlay", state="warning")
         self.assertNotEqual(warning["target"], "Chromium", "it says that the permission is missing")
         # By now the extension has its host again, but this session has seen enough.
-        wait_until(self.hosts)
+        wait_until(lambda: any(pid != host for _, pid in self.hosts()))
         time.sleep(2)
         self.assertTrue(self.is_hidden())
         self.end_session()

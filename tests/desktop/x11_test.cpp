@@ -158,7 +158,7 @@ TEST_F(X11Test, onlyWhatThisProgramHasHiddenIsShownAgain) {
     auto& game = world.launch("game", {"--class", "game"});
     auto& other = world.launch("other", {"--class", "other"});
     world.userIconifies(other.window());
-    EXPECT_TRUE(becomes([&] { return isIconic(other); }));
+    EXPECT_TRUE(becomes([&] { return isIconic(other) && world.application(other.processID())->isHidden(); }));
     for (auto* program : {&game, &other})
         world.application(program->processID())->hide();
     EXPECT_TRUE(becomes([&] { return isIconic(game) && isMarked(game); }));
