@@ -187,7 +187,10 @@ std::vector<std::string> GuardedWorld::filesLeft() const {
     std::vector<std::string> left;
     for (const auto& folder : {m_place.configDirectory, m_place.runtimeDirectory})
         for (const auto& entry : fs::recursive_directory_iterator{folder})
-            if (entry.path().filename().string().find("watchdog") != std::string::npos) left.push_back(entry.path());
+            // What the service manager notes of its own runs is its own business, and goes later.
+            if (const auto name = entry.path().filename().string();
+                name.find("watchdog") != std::string::npos && !name.starts_with("invocation:"))
+                left.push_back(entry.path());
     return left;
 }
 
