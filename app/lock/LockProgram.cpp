@@ -83,12 +83,16 @@ void LockProgram::connect() {
         };
     }
     m_watches.push_back(m_controller.session().watch([this] { tellSession(); }));
-    m_watches.push_back(m_seams.workspace.observeActivations([this](const Workspace::Application& application) {
-        tell("front", [&](JSONOutput& output) { writeMember(output, "bundleID", identifier(application)); });
-    }));
-    m_watches.push_back(m_seams.workspace.observeLaunches([this](const Workspace::Application& application) {
-        tell("launched", [&](JSONOutput& output) { writeMember(output, "bundleID", identifier(application)); });
-    }));
+    // Told later: the engine, which hears of it next, must not wait for that.
+    const auto telling = [this](const char* event) {
+        return [this, event](const Workspace::Application& application) {
+            m_seams.loop.post(m_lifetime.guard([this, event, bundleID = identifier(application)] {
+                tell(event, [&](JSONOutput& output) { writeMember(output, "bundleID", bundleID); });
+            }));
+        };
+    };
+    m_watches.push_back(m_seams.workspace.observeActivations(telling("front")));
+    m_watches.push_back(m_seams.workspace.observeLaunches(telling("launched")));
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
         m_watches.push_back(m_seams.loop.watchSignal(number, [this] { askToQuit(); }));
     ignoreStops();

@@ -6,6 +6,7 @@
 #include "app/lock/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/platform/linux/x11/X11HotKey.h"
+#include "app/seams/Lifetime.h"
 #include "app/strings/Appearance.h"
 #include "core/foundation/JSONOutput.h"
 #include "core/store/Descriptor.h"
@@ -61,6 +62,7 @@ private:
     std::vector<Cancellable> m_watches;
     Cancellable m_commands;
     X11HotKey m_hotKey;
+    Lifetime m_lifetime;
 };
 
 } // namespace velmorin

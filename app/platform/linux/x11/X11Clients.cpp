@@ -173,8 +173,7 @@ void X11Clients::catchUp() {
         readActive();
         // A window that has just come may be told of as active before it is as listed.
         if (m_active != XCB_WINDOW_NONE && find(m_active) == nullptr) readList();
-        // One that has just been brought back may be told of as active before it is as shown.
-        if (const auto* client = find(m_active); client != nullptr && client->isIconic) take(std::array{m_active});
+        believeActive();
         // Nothing else may keep whoever waits for this.
         tell();
     }
@@ -206,6 +205,19 @@ void X11Clients::readManager() {
     const auto cookie = X11Property::request(m_connection.get(), m_connection.root(), ewmh._NET_SUPPORTED);
     m_tellsHidden = X11Property{m_connection.get(), cookie}.lists(ewmh._NET_WM_STATE_HIDDEN);
     std::ranges::copy(m_order, std::inserter(m_stale, m_stale.end()));
+}
+
+/// A window that was iconified and is active has been brought back. Its state, if it was told of as well, is read when
+/// nobody waits any more; else it is looked at first.
+void X11Clients::believeActive() {
+    const auto found = m_windows.find(m_active);
+    if (found == m_windows.end() || !found->second.isIconic) return;
+    if (m_stale.contains(m_active)) {
+        found->second.isIconic = found->second.countsAsIconic = false;
+        m_change.touched.insert(m_active);
+    } else {
+        take(std::array{m_active});
+    }
 }
 
 void X11Clients::readList() {

@@ -73,6 +73,7 @@ private:
     void tell();
     void readManager();
     void readActive();
+    void believeActive();
     void readList();
     void take(std::span<const xcb_window_t> windows);
     std::vector<X11Client> read(std::span<const xcb_window_t> windows) const;

@@ -64,7 +64,7 @@ void X11Desk::hide(Windows windows) {
         if (client == nullptr || client->isIconic || client->countsAsIconic) continue;
         allowIconifying(*client, now);
         m_connection.askManager(window, m_connection.atoms().wmChangeState, iconicState);
-        m_hideRequests[window] = now;
+        m_hideRequests[window] = m_marked[window] = now;
         hidden.push_back(window);
     }
     // The marks may wait, the windows not.
@@ -88,6 +88,7 @@ void X11Desk::show(Windows windows) {
     for (const auto window : hidden) {
         bringBack(*m_clients.find(window));
         m_hideRequests.erase(window);
+        m_marked.erase(window);
         restore(m_ownTypes, window, m_connection.ewmh()._NET_WM_WINDOW_TYPE, XCB_ATOM_ATOM);
         restore(m_ownHints, window, m_connection.atoms().motifHints, m_connection.atoms().motifHints);
     }
@@ -155,11 +156,12 @@ void X11Desk::dropMarks(const X11Clients::Change& change) {
         if (client != nullptr) sendHome(*client);
         if (client == nullptr) {
             m_hideRequests.erase(window);
+            m_marked.erase(window);
             m_lastActive.erase(window);
             m_ownTypes.erase(window);
             m_ownHints.erase(window);
             m_homes.erase(window);
-        } else if (client->wasHiddenByUs && !isHidden(*client)) {
+        } else if (client->wasHiddenByUs && !isHidden(*client) && !isMarkFresh(window)) {
             // Somebody else has brought it back; whoever iconifies it next means it.
             xcb_delete_property(m_connection.get(), window, m_connection.atoms().hiddenMark);
             m_connection.flush();
@@ -187,6 +189,12 @@ void X11Desk::setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type
                        const std::vector<std::uint32_t>& words) {
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, property, type, 32,
                         static_cast<std::uint32_t>(words.size()), words.data());
+}
+
+/// What is told of a window in that time may still be from before it was asked to leave.
+bool X11Desk::isMarkFresh(xcb_window_t window) const {
+    const auto marked = m_marked.find(window);
+    return marked != m_marked.end() && std::chrono::steady_clock::now() - marked->second < hideTime;
 }
 
 /// Puts back what was changed so that the window could be hidden.

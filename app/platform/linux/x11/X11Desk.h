@@ -51,6 +51,7 @@ private:
     void noteActive();
     void keepBehind(xcb_window_t active);
     void dropMarks(const X11Clients::Change& change);
+    bool isMarkFresh(xcb_window_t window) const;
     void allowIconifying(const X11Client& client, Moment now);
     void setWords(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, const std::vector<std::uint32_t>& words);
     void restore(Words& own, xcb_window_t window, xcb_atom_t property, xcb_atom_t type);
@@ -61,7 +62,8 @@ private:
 
     X11Connection& m_connection;
     X11Clients m_clients;
-    std::map<xcb_window_t, Moment> m_hideRequests;
+    std::map<xcb_window_t, Moment> m_hideRequests; ///< until the window has come back
+    std::map<xcb_window_t, Moment> m_marked;
     std::map<xcb_window_t, std::uint32_t> m_homes; ///< the desktops of windows that were brought to this one
     Words m_ownTypes;                              ///< of windows that were given another
     Words m_ownHints;                              ///< the same of Motif's hints
