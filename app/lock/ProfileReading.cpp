@@ -17,9 +17,12 @@ std::vector<std::string> membersOf(const Value& value) {
 }
 
 void requireKnown(const JSONArguments& object, const std::vector<std::string>& known, const std::string& where) {
-    for (const auto& key : object.keys())
-        if (std::ranges::find(known, key) == known.end())
-            throw MalformedInput{"there is no member \"" + key + "\" in " + where};
+    for (const auto& key : object.keys()) {
+        if (std::ranges::find(known, key) != known.end()) continue;
+        std::string complaint = "there is no member \"";
+        complaint.append(key).append("\" in ").append(where);
+        throw MalformedInput{complaint};
+    }
 }
 
 /// Each member by itself, so that what is wrong can be named.
