@@ -5,10 +5,15 @@ Usage: session_test.py --wm NAME --programs DIR [TEST...]
 """
 
 import argparse
+import contextlib
+import json
 import os
+import signal
+import subprocess
 import sys
 import time
 import unittest
+from pathlib import Path
 
 from desktop import WINDOW_MANAGERS, Desktop, wait_until
 from session import Lock, Windows, profile
@@ -251,6 +256,57 @@ class SessionTest(unittest.TestCase):
         wait_until(self.iconic(game))
         self.assertNotIn("blocked launch", self.lock.log())
         self.assertIsNone(game.poll())
+
+    def test_nobody_who_reads_the_events_can_hold_up_the_lock(self):
+        self.show_xterm()
+        game = self.show_window("game")
+        reading, writing = os.pipe()
+        self.addCleanup(os.close, reading)
+        os.set_blocking(writing, False)
+        with contextlib.suppress(BlockingIOError):
+            while True:
+                os.write(writing, b"x" * 4096)
+        os.set_blocking(writing, True)
+        path = self.desktop.folder / "profile.json"
+        path.write_text(json.dumps(profile([XTERM])))
+        self.desktop.start(self.lock.program, "--home", self.lock.home, "--ticks", path, stdout=writing)
+        os.close(writing)
+        wait_until(self.iconic(game))
+        for _ in range(2):
+            time.sleep(1.5)
+            self.windows.activate(self.windows.of(game.pid)[0])
+            wait_until(self.iconic(game), 3)
+
+    def test_a_terminal_cannot_stop_the_lock(self):
+        self.show_xterm()
+        self.lock.start(profile([XTERM]))
+        self.lock.await_event("began")
+        status = Path(f"/proc/{self.lock.process.pid}/status").read_text()
+        caught = int(next(line.split()[1] for line in status.splitlines() if line.startswith("SigCgt")), 16)
+        for number in (signal.SIGTSTP, signal.SIGTTIN, signal.SIGTTOU, signal.SIGQUIT):
+            self.assertTrue(caught & 1 << (number - 1), number)
+
+    def test_another_store_does_not_disarm_the_watchdog_of_a_session(self):
+        self.show_xterm()
+        self.lock.start(profile([XTERM]))
+        self.lock.await_event("began")
+        wait_until(self.lock.keepers)
+        done = subprocess.run(
+            [self.lock.program, "--home", self.desktop.home / "elsewhere"], env=self.desktop.environment,
+            capture_output=True, text=True, timeout=30)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("runs already", done.stderr)
+        self.lock.await_event("show")
+        self.assertTrue(self.lock.keepers())
+        self.lock.kill()
+        wait_until(self.lock.pids, 4.0)
+
+    def test_commands_come_through_the_pipe_too(self):
+        self.show_xterm()
+        self.lock.start(profile([XTERM]))
+        self.lock.await_event("began")
+        (self.lock.home / "commands").write_text("exit\n")
+        self.lock.await_event("overlay", state="emergencyExit")
 
     def test_a_request_to_quit_during_a_session_is_refused(self):
         self.show_xterm()
