@@ -19,7 +19,7 @@ std::filesystem::path homeDirectory() {
 }
 
 /// A base directory of the desktop's: by its variable, where that is an absolute path, else below the home folder;
-/// empty where there is no such place below it (XDG Base Directory Specification 0.8).
+/// empty where there is no such place below it (freedesktop.org, base directories 0.8).
 std::filesystem::path baseDirectory(const char* variable, const char* belowHome) {
     const char* value = std::getenv(variable);
     if (value != nullptr && std::filesystem::path{value}.is_absolute()) return value;

@@ -76,15 +76,14 @@ void listCatalogue(const LinuxSeams& seams) {
 int handOver(const SingleInstance& instance, const LockOptions& options) {
     if (options.launch.launchedByWatchdog) return EXIT_SUCCESS;
     instance.askFirstToShow();
-    std::cerr << "velmorin-lock: it runs already, and tells how it stands where it was started. To speak to it:\n"
-                 "    echo show > "
-              << (options.launch.homeDirectory ? options.launch.homeDirectory->string() : "~/.local/share/Velmorin")
-              << "/commands\n";
+    std::cerr
+        << "velmorin-lock: it runs already, and tells how it stands where it was started. To speak to it, write to\n"
+           "the pipe \"commands\" in its store, as in: echo show > ~/.local/share/Velmorin/commands\n";
     return EXIT_FAILURE;
 }
 
-int hold(LinuxSeams& seams, const LockOptions& options, const std::optional<Profile>& profile,
-         const std::filesystem::path& directory) {
+int hold(LinuxSeams& seams, const LockOptions& options, const std::optional<Profile>& profile) {
+    const auto& directory = seams.directory;
     // One on a store, and one for a user, whose watchdog is one as well.
     SingleInstance ofStore{seams.loop, directory};
     SingleInstance ofUser{seams.loop, seams.places.configuration / "Velmorin"};
@@ -116,7 +115,7 @@ int run(const LockOptions& options) {
     if (options.listsApplications) listApplications(seams.workspace);
     if (options.listsCatalogue) listCatalogue(seams);
     if (options.listsApplications || options.listsCatalogue) return EXIT_SUCCESS;
-    return hold(seams, options, profile, directory);
+    return hold(seams, options, profile);
 }
 
 } // namespace

@@ -80,15 +80,8 @@ struct LoopTimers::State {
 };
 
 LoopTimers::LoopTimers() : m_state{std::make_shared<State>()} {
-    static GSourceFuncs functions{nullptr,
-                                  nullptr,
-                                  [](GSource* source, GSourceFunc call, gpointer data) {
-                                      static_cast<void>(source);
-                                      return call(data);
-                                  },
-                                  nullptr,
-                                  nullptr,
-                                  nullptr};
+    const auto dispatch = [](GSource*, GSourceFunc call, gpointer data) { return call(data); };
+    static GSourceFuncs functions{nullptr, nullptr, dispatch, nullptr, nullptr, nullptr};
     GSource* source = g_source_new(&functions, sizeof(GSource));
     const auto fire = [](gpointer data) -> gboolean {
         const auto state = static_cast<std::weak_ptr<State>*>(data)->lock();

@@ -47,6 +47,15 @@ void finalize(GSource* source) {
     delete asReadable(source)->isPending;
 }
 
+/// Has the context own a source until the result goes.
+Cancellable attached(GSource* source, GMainContext* context) {
+    g_source_attach(source, context);
+    return Cancellable{[source] {
+        g_source_destroy(source);
+        g_source_unref(source);
+    }};
+}
+
 GSourceFuncs readableFunctions{prepare, check, dispatch, finalize, nullptr, nullptr};
 
 } // namespace
@@ -119,11 +128,7 @@ Cancellable MainLoop::watchReadable(int descriptor, Call call, std::function<boo
     readable->isPending = new std::function<bool()>{std::move(isPending)};
     const auto conditions = static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR);
     readable->descriptor = g_source_add_unix_fd(source, descriptor, conditions);
-    g_source_attach(source, m_context);
-    return Cancellable{[source] {
-        g_source_destroy(source);
-        g_source_unref(source);
-    }};
+    return attached(source, m_context);
 }
 
 Cancellable MainLoop::watchSignal(int number, Call call) {
@@ -134,11 +139,7 @@ Cancellable MainLoop::watchSignal(int number, Call call) {
     };
     const auto drop = [](gpointer data) { delete static_cast<Call*>(data); };
     g_source_set_callback(source, make, new Call{std::move(call)}, drop);
-    g_source_attach(source, m_context);
-    return Cancellable{[source] {
-        g_source_destroy(source);
-        g_source_unref(source);
-    }};
+    return attached(source, m_context);
 }
 
 } // namespace velmorin

@@ -86,7 +86,6 @@ X11Client::Role roleOf(const std::vector<xcb_atom_t>& types, const xcb_ewmh_conn
 /// desktops are iconified as well.
 std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t window, const Questions& questions,
                                   bool tellsHidden) {
-    constexpr std::uint32_t iconicState = 3; // ICCCM 4.1.3.1
     auto* const c = connection.get();
     const auto& ewmh = connection.ewmh();
     X11Reply<xcb_res_query_client_ids_reply_t> process;

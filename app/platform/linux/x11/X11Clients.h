@@ -14,6 +14,9 @@
 
 namespace velmorin {
 
+/// The state of an iconified window (ICCCM 4.1.3.1).
+inline constexpr std::uint32_t iconicState = 3;
+
 /// A window that the window manager looks after.
 struct X11Client {
     /// What part it has on the desktop.
@@ -46,8 +49,6 @@ struct X11Client {
 /// Main thread.
 class X11Clients {
 public:
-    using Windows = std::map<xcb_window_t, X11Client>;
-
     /// What has changed since it was told last.
     struct Change {
         bool isActiveNew = false;
@@ -57,7 +58,6 @@ public:
     /// Reads everything. `changed` is called from the loop after each change; the connection must outlive this.
     X11Clients(X11Connection& connection, std::function<void(const Change&)> changed);
 
-    const Windows& all() const { return m_windows; }
     /// In the order in which they were mapped first.
     const std::vector<xcb_window_t>& order() const { return m_order; }
     /// The active window; null where there is none on the screen, or where it is no managed one.
@@ -80,7 +80,7 @@ private:
 
     X11Connection& m_connection;
     std::function<void(const Change&)> m_changed;
-    Windows m_windows;
+    std::map<xcb_window_t, X11Client> m_windows;
     std::vector<xcb_window_t> m_order;
     xcb_window_t m_active = XCB_WINDOW_NONE;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
@@ -88,8 +88,8 @@ private:
 
     // What events have told of and was not read yet.
     bool m_isManagerStale = false;
-    bool m_isActiveStale = true;
-    bool m_isListStale = true;
+    bool m_isActiveStale = false;
+    bool m_isListStale = false;
     std::set<xcb_window_t> m_stale;
     Change m_change;
     Cancellable m_events;

@@ -32,6 +32,25 @@ std::array<xcb_atom_t, count> internAtoms(xcb_connection_t* connection,
     return atoms;
 }
 
+xcb_client_message_event_t clientMessage(xcb_window_t window, xcb_atom_t message, std::uint32_t first,
+                                         std::uint32_t second) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = message;
+    event.data.data32[0] = first;
+    event.data.data32[1] = second;
+    return event;
+}
+
+void sendMessage(xcb_connection_t* connection, xcb_window_t destination, std::uint32_t mask,
+                 const xcb_client_message_event_t& event) {
+    std::array<char, sizeof event> bytes{};
+    std::memcpy(bytes.data(), &event, sizeof event);
+    xcb_send_event(connection, 0, destination, mask, bytes.data());
+}
+
 } // namespace
 
 std::unique_ptr<X11Connection> X11Connection::open(MainLoop& loop, const std::optional<std::string>& display) {
@@ -71,20 +90,15 @@ X11Connection::~X11Connection() {
     xcb_disconnect(m_connection);
 }
 
-void X11Connection::askManager(xcb_window_t window, xcb_atom_t message, std::uint32_t first, std::uint32_t second,
-                               std::uint32_t third) const {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = message;
-    event.data.data32[0] = first;
-    event.data.data32[1] = second;
-    event.data.data32[2] = third;
-    std::array<char, sizeof event> bytes{};
-    std::memcpy(bytes.data(), &event, sizeof event);
+void X11Connection::askManager(xcb_window_t window, xcb_atom_t message, std::uint32_t first,
+                               std::uint32_t second) const {
     constexpr std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
-    xcb_send_event(m_connection, 0, root(), mask, bytes.data());
+    sendMessage(m_connection, root(), mask, clientMessage(window, message, first, second));
+}
+
+void X11Connection::tellWindow(xcb_window_t window, xcb_atom_t message, std::uint32_t first,
+                               std::uint32_t second) const {
+    sendMessage(m_connection, window, XCB_EVENT_MASK_NO_EVENT, clientMessage(window, message, first, second));
 }
 
 void X11Connection::select(xcb_window_t window, std::uint32_t events) const {

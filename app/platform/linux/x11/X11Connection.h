@@ -48,8 +48,9 @@ public:
     /// Sends what was asked for on its way.
     void flush() const { xcb_flush(m_connection); }
     /// Asks the window manager for something concerning a window, as pagers do. Not sent before `flush`.
-    void askManager(xcb_window_t window, xcb_atom_t message, std::uint32_t first, std::uint32_t second = 0,
-                    std::uint32_t third = 0) const;
+    void askManager(xcb_window_t window, xcb_atom_t message, std::uint32_t first, std::uint32_t second = 0) const;
+    /// Sends a window's own program a message. Not sent before `flush`.
+    void tellWindow(xcb_window_t window, xcb_atom_t message, std::uint32_t first, std::uint32_t second) const;
     /// Adds to the events that are told of a window of another program.
     void select(xcb_window_t window, std::uint32_t events) const;
 

@@ -1,8 +1,6 @@
 #include "app/platform/linux/x11/X11Desk.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -19,8 +17,6 @@ constexpr std::chrono::milliseconds settlingTime{1000};
 
 /// EWMH: a pager or the like, which acts for the user.
 constexpr std::uint32_t sourceIsTool = 2;
-
-constexpr std::uint32_t iconicState = 3; // ICCCM 4.1.3.1
 
 /// _MOTIF_WM_HINTS: flags, functions, decorations and more. Bit 0 of the functions turns the others' meaning round.
 constexpr std::size_t motifFunctions = 1;
@@ -106,16 +102,8 @@ void X11Desk::close(Windows windows) {
     for (const auto window : windows) {
         const auto* client = m_clients.find(window);
         if (client == nullptr || !client->takesDeleteRequests) continue;
-        xcb_client_message_event_t event{};
-        event.response_type = XCB_CLIENT_MESSAGE;
-        event.format = 32;
-        event.window = window;
-        event.type = m_connection.atoms().wmProtocols;
-        event.data.data32[0] = m_connection.atoms().wmDeleteWindow;
-        event.data.data32[1] = m_clients.time();
-        std::array<char, sizeof event> bytes{};
-        std::memcpy(bytes.data(), &event, sizeof event);
-        xcb_send_event(m_connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+        m_connection.tellWindow(window, m_connection.atoms().wmProtocols, m_connection.atoms().wmDeleteWindow,
+                                m_clients.time());
     }
     m_connection.flush();
 }
