@@ -301,6 +301,21 @@ class SessionTest(unittest.TestCase):
         self.lock.kill()
         wait_until(self.lock.pids, 4.0)
 
+    def test_the_hot_key_does_nothing_under_an_overlay(self):
+        self.show_xterm()
+        self.lock.start(profile([XTERM]))
+        self.lock.await_event("began")
+        self.desktop.run("xdotool", "key", "ctrl+alt+t")
+        self.lock.await_event("hotKey")
+        self.lock.command("exit")
+        self.lock.await_event("overlay", state="emergencyExit")
+        self.desktop.run("xdotool", "key", "ctrl+alt+t")
+        self.lock.command("cancel")
+        self.lock.await_event("overlay", state="none")
+        self.assertEqual(self.lock.seen("hotKey"), [])
+        self.desktop.run("xdotool", "key", "ctrl+alt+t")
+        self.lock.await_event("hotKey")
+
     def test_commands_come_through_the_pipe_too(self):
         self.show_xterm()
         self.lock.start(profile([XTERM]))
