@@ -59,3 +59,25 @@ function(velmorin_desktop_test name)
         set_tests_properties(${name}-${manager} PROPERTIES LABELS desktop TIMEOUT 300)
     endforeach()
 endfunction()
+
+# A library that is a QML module at the same time: its C++ types, the files named QML, or both. Its QML is compiled ahead of
+# time and lies in the program itself. RESOURCES are files that the module finds beside its QML.
+function(velmorin_qml_module name uri)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;HEADERS;QML;SINGLETONS;RESOURCES")
+    foreach(file IN LISTS arg_SINGLETONS)
+        set_source_files_properties(${file} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+    endforeach()
+    qt_add_qml_module(${name} STATIC
+        URI ${uri}
+        VERSION 1.0
+        RESOURCE_PREFIX /qt/qml
+        SOURCES ${arg_SOURCES} ${arg_HEADERS}
+        QML_FILES ${arg_QML} ${arg_SINGLETONS}
+        RESOURCES ${arg_RESOURCES}
+    )
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
+    target_link_libraries(${name} PUBLIC velmorin_options Qt6::Quick)
+    # What registers the types includes their headers by name alone.
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+endfunction()

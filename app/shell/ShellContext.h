@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/engine/AppData.h"
+#include "app/engine/SessionController.h"
+#include "app/seams/Clock.h"
+#include "app/seams/InstalledApplications.h"
+#include "app/seams/Timers.h"
+#include "app/seams/Workspace.h"
+#include "app/strings/AppWarnings.h"
+#include "app/strings/Appearance.h"
+#include "core/foundation/Calendar.h"
+
+#include <optional>
+#include <string>
+
+namespace velmorin {
+
+/// What the view models show and call. All references must outlive them.
+struct ShellContext {
+    AppData& data;
+    SessionController& controller;
+    Appearance& appearance;
+    Clock& clock;
+    Timers& timers;
+    Workspace& workspace;
+    InstalledApplications& installedApplications;
+    Calendar calendar;                   ///< that of the user's time zone
+    std::optional<std::string> bundleID; ///< this program's own identifier
+    PlatformCautions cautions;
+};
+
+} // namespace velmorin
