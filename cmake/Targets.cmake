@@ -72,6 +72,7 @@ function(velmorin_qml_module name uri)
     foreach(file IN LISTS arg_SINGLETONS)
         set_source_files_properties(${file} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     endforeach()
+    set(CMAKE_AUTOMOC ON)
     qt_add_qml_module(${name} STATIC
         URI ${uri}
         VERSION 1.0
