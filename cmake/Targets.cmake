@@ -18,6 +18,11 @@ if(VELMORIN_SANITIZERS)
     target_compile_options(velmorin_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
+if(VELMORIN_CLANG_TIDY)
+    # What is generated is not ours to mend; clang-tidy wants at least one check.
+    file(WRITE ${PROJECT_BINARY_DIR}/.clang-tidy "Checks: '-*,bugprone-virtual-near-miss'\n")
+endif()
+
 # A library of one layer. HEADERS are checked to compile alone (target all_verify_interface_header_sets).
 function(velmorin_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS")
@@ -71,13 +76,28 @@ function(velmorin_qml_module name uri)
         URI ${uri}
         VERSION 1.0
         RESOURCE_PREFIX /qt/qml
+        DEPENDENCIES QtQuick
         SOURCES ${arg_SOURCES} ${arg_HEADERS}
         QML_FILES ${arg_QML} ${arg_SINGLETONS}
         RESOURCES ${arg_RESOURCES}
     )
+    # What the toolkit generates from our QML is not ours to warn about, and it is compiled in one go: most of the time
+    # would go into reading the same headers once for each file.
+    get_target_property(sources ${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/\\.rcc/qmlcache/")
+    set_source_files_properties(${sources} PROPERTIES UNITY_GROUP qml)
+    set(pragmas "")
+    foreach(warning IN ITEMS shadow conversion sign-conversion old-style-cast unused-parameter unused-variable)
+        string(APPEND pragmas "#pragma GCC diagnostic ignored \"-W${warning}\"\n")
+    endforeach()
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "${pragmas}")
     target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
     target_link_libraries(${name} PUBLIC velmorin_options Qt6::Quick)
     # What registers the types includes their headers by name alone.
     target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+    if(VELMORIN_CLANG_TIDY)
+        set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY "${VELMORIN_CLANG_TIDY}")
+    endif()
 endfunction()
