@@ -2,6 +2,7 @@
 
 #include "app/engine/AppData.h"
 #include "app/engine/SessionController.h"
+#include "app/seams/BrowserSetup.h"
 #include "app/seams/Clock.h"
 #include "app/seams/InstalledApplications.h"
 #include "app/seams/Timers.h"
@@ -27,6 +28,7 @@ struct ShellContext {
     Calendar calendar;                   ///< that of the user's time zone
     std::optional<std::string> bundleID; ///< this program's own identifier
     PlatformCautions cautions;
+    BrowserSetup* browserSetup = nullptr; ///< null where nothing has to be added to a browser
 };
 
 } // namespace velmorin
