@@ -29,7 +29,7 @@ int AppPickerModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant AppPickerModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (!index.isValid()) return {};
     const auto& app = m_filtered[static_cast<std::size_t>(index.row())];
     switch (role) {
     case NameRole: return toQString(app.name);
