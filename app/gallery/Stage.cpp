@@ -1,5 +1,8 @@
 #include "app/gallery/Stage.h"
 
+#include "app/strings/LinuxStrings.h"
+
+#include <string>
 #include <utility>
 
 namespace velmorin {
@@ -31,6 +34,7 @@ Stage::Stage(Files& files, std::filesystem::path directory, Date start)
               application.bundleIdentifier(),
               {}},
       session{context} {
+    context.thoughtKeys = &LinuxStrings::thoughtKeys;
     Appearance::shared().apply(*data.settings());
     desktop.workspace.add({editor, editorID, "Editor"});
     desktop.workspace.startInFront(editor);
