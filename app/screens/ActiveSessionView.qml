@@ -23,8 +23,10 @@ ScrollArea {
             Layout.fillWidth: true
             Layout.margins: 18
             session: root.session
-            category: root.session.isWork ? "urge" : "rest"
-            alternate: root.session.isWork ? "returning" : ""
+            unit: 1
+            shown: root.Window.visibility !== Window.Hidden
+            category: root.session.isWork ? QuoteTask.Urge : QuoteTask.Rest
+            alternate: root.session.isWork ? QuoteTask.Returning : QuoteTask.None
             rotateEvery: 60
             size: 30
         }

@@ -1,5 +1,6 @@
 import QtQuick
 import Velmorin.Controls
+import Velmorin.Screens
 
 /// A ring of which a part is filled, with a short text in it and a label under that.
 Item {

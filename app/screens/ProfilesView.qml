@@ -30,11 +30,6 @@ Page {
             icon.name: "plus"
             onClicked: root.model.newProfile()
         }
-
-        Item {
-            Layout.fillWidth: true
-            Layout.horizontalStretchFactor: 0
-        }
     }
 
     ProfileEditor {
