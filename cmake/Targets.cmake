@@ -18,6 +18,11 @@ if(VELMORIN_SANITIZERS)
     target_compile_options(velmorin_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
+if(VELMORIN_CLANG_TIDY)
+    # What is generated is not ours to mend; clang-tidy wants at least one check.
+    file(WRITE ${PROJECT_BINARY_DIR}/.clang-tidy "Checks: '-*,bugprone-virtual-near-miss'\n")
+endif()
+
 # A library of one layer. HEADERS are checked to compile alone (target all_verify_interface_header_sets).
 function(velmorin_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS")
@@ -67,6 +72,7 @@ function(velmorin_qml_module name uri)
     foreach(file IN LISTS arg_SINGLETONS)
         set_source_files_properties(${file} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     endforeach()
+    set(CMAKE_AUTOMOC ON)
     qt_add_qml_module(${name} STATIC
         URI ${uri}
         VERSION 1.0
@@ -80,4 +86,7 @@ function(velmorin_qml_module name uri)
     # What registers the types includes their headers by name alone.
     target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     set_target_properties(${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+    if(VELMORIN_CLANG_TIDY)
+        set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY "${VELMORIN_CLANG_TIDY}")
+    endif()
 endfunction()
