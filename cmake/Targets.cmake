@@ -80,10 +80,22 @@ function(velmorin_qml_module name uri)
         URI ${uri}
         VERSION 1.0
         RESOURCE_PREFIX /qt/qml
+        DEPENDENCIES QtQuick
         SOURCES ${arg_SOURCES} ${arg_HEADERS}
         QML_FILES ${arg_QML} ${arg_SINGLETONS}
         RESOURCES ${arg_RESOURCES}
     )
+    # What the toolkit generates from our QML is not ours to warn about, and it is compiled in one go: most of the time
+    # would go into reading the same headers once for each file.
+    get_target_property(sources ${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/\\.rcc/qmlcache/")
+    set_source_files_properties(${sources} PROPERTIES UNITY_GROUP qml)
+    set(pragmas "")
+    foreach(warning IN ITEMS shadow conversion sign-conversion old-style-cast unused-parameter unused-variable)
+        string(APPEND pragmas "#pragma GCC diagnostic ignored \"-W${warning}\"\n")
+    endforeach()
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "${pragmas}")
     target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
     target_link_libraries(${name} PUBLIC velmorin_options Qt6::Quick)
     # What registers the types includes their headers by name alone.

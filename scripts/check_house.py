@@ -30,9 +30,10 @@ PLACES = {
     "app/seams": ["core"],
     "app/strings": ["core", "app/seams"],
     "app/phone": ["core", "app/seams", "app/strings"],
+    "app/theme": ["core", "app/seams", "app/strings"],
     "app/engine": BELOW_ENGINE,
-    "app/shell": [*BELOW_ENGINE, "app/engine"],
-    "app/screens": [*BELOW_ENGINE, "app/engine", "app/shell"],
+    "app/shell": [*BELOW_ENGINE, "app/engine", "app/theme"],
+    "app/screens": [*BELOW_ENGINE, "app/engine", "app/theme", "app/shell"],
     # The compositions: the program, and the engine on the simulated desktop.
     "app/main.cpp": ["core", "app"],
     "app/simulate": [*BELOW_ENGINE, "app/engine", "app/platform/simulated"],
@@ -85,8 +86,8 @@ SYSTEM_MACROS = (
 
 # What must build where there is no toolkit.
 TOOLKIT_FREE = [
-    "core", "app/seams", "app/strings", "app/phone", "app/engine", "app/platform/linux", "app/platform/posix",
-    "app/platform/simulated", "app/simulate",
+    "core", "app/seams", "app/strings", "app/phone", "app/theme", "app/engine", "app/platform/linux",
+    "app/platform/posix", "app/platform/simulated", "app/simulate",
 ]
 TOOLKIT_HEADER = r"(?:Qt?[A-Z]\w*(?:/.+)?|q[a-z0-9_]+\.h)"
 

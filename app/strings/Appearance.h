@@ -8,7 +8,7 @@
 
 namespace velmorin {
 
-/// The language and the colours that every screen follows. Main thread.
+/// The language, the colours and the wish for stillness that every screen follows. Main thread.
 class Appearance {
 public:
     /// Gives the texts of a language, those of this system.
@@ -21,16 +21,21 @@ public:
 
     const Observable<AppLanguage>& language() const { return m_language; }
     const Observable<ColorTheme>& theme() const { return m_theme; }
+    /// Whether nothing on screen is to move but what time itself moves.
+    const Observable<bool>& reducesMotion() const { return m_reducesMotion; }
     /// All texts of the present language.
     const AppStrings& strings() const { return m_texts(*m_language); }
 
     /// Takes language and theme over from the settings; what stays the same wakes nobody.
     void apply(const AppSettings& settings);
+    /// What the desktop says of its user's wish.
+    void setReducesMotion(bool reduces) { m_reducesMotion.set(reduces); }
 
 private:
     Texts m_texts;
     Observable<AppLanguage> m_language{AppLanguage::persian};
     Observable<ColorTheme> m_theme{ColorTheme::dusk};
+    Observable<bool> m_reducesMotion{false};
 };
 
 } // namespace velmorin

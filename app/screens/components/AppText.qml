@@ -1,7 +1,17 @@
 import QtQuick
-import Velmorin.Shell
+import Velmorin.Controls
 
-/// Text in the program's type face, aligned to the leading edge.
+/// Text in the program's type face, plain and aligned to the leading edge.
 Text {
-    horizontalAlignment: Texts.isRightToLeft ? Text.AlignRight : Text.AlignLeft
+    property int weight: Font.Normal
+    /// The height of the type in pixels.
+    property real size: 15
+
+    color: Theme.ink
+    font.family: Theme.family
+    font.weight: weight
+    font.pixelSize: Math.max(1, Math.round(size))
+    textFormat: Text.PlainText
+    // The edge that is left where nothing is mirrored.
+    horizontalAlignment: Text.AlignLeft
 }

@@ -1,0 +1,31 @@
+#include "app/screens/components/MarkDrawing.h"
+
+#include <algorithm>
+
+namespace velmorin {
+
+void MarkDrawing::setSource(const QString& source) {
+    if (source == m_source) return;
+    m_source = source;
+    m_picture = QImage{source};
+    Q_EMIT sourceChanged();
+    update();
+}
+
+DrawnItem::Drawing MarkDrawing::drawing() const {
+    if (m_picture.isNull()) return {};
+    return [picture = m_picture, size = std::min(width(), height())](QPainter& painter) {
+        constexpr double cornerShare = 0.22;
+        const double ratio = painter.deviceTransform().m11();
+        // Scaled well once is better than a brush that is scaled badly.
+        const auto pixels = std::max(1, static_cast<int>(size * ratio + 0.5));
+        auto fitting = picture.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        QBrush brush{fitting};
+        brush.setTransform(QTransform::fromScale(size / pixels, size / pixels));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(brush);
+        painter.drawRoundedRect(QRectF{0, 0, size, size}, size * cornerShare, size * cornerShare);
+    };
+}
+
+} // namespace velmorin

@@ -1,0 +1,32 @@
+import QtQuick
+import Velmorin.Controls
+
+/// A button beside the one that matters most.
+PlainButton {
+    id: root
+
+    implicitHeight: 42
+    horizontalPadding: 16
+    pressedOpacity: 0.7
+
+    background: Rectangle {
+        radius: 12
+        color: Theme.accentSoft
+        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+
+        FocusRing {
+            visible: root.visualFocus
+            cornerRadius: 12
+        }
+    }
+
+    contentItem: AppText {
+        text: root.text
+        weight: Font.Medium
+        size: 15
+        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+    }
+}

@@ -1,0 +1,120 @@
+#include "app/screens/components/ThemeBackground.h"
+
+#include "app/screens/components/SoftwarePainter.h"
+#include "app/strings/Appearance.h"
+#include "app/theme/GlowField.h"
+
+#include <QImage>
+#include <QQuickWindow>
+#include <QSGRenderNode>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <span>
+
+namespace velmorin {
+
+namespace {
+
+/// The renderer sends all of a node to the screen when a part of it has changed. So the ground is many small nodes, and
+/// a clock that ticks in front of it costs the few that it touches.
+constexpr double tileWidth = 256;
+constexpr double tileHeight = 96;
+
+/// What all tiles share.
+struct Ground {
+    QQuickWindow* window = nullptr;
+    GlowField field;
+};
+
+class Tile final : public QSGRenderNode {
+public:
+    Tile(const Ground& ground, QRectF bounds) : m_ground{ground}, m_bounds{bounds} {}
+
+    void render(const RenderState* state) override {
+        auto* painter = softwarePainter(m_ground.window);
+        if (painter == nullptr) return;
+        painter->setTransform(matrix()->toTransform());
+        // Pixels are computed one by one, however the item's units relate to them.
+        const QTransform toDevice = painter->deviceTransform();
+        const QTransform toItem = toDevice.inverted();
+        const QRect covered = toDevice.mapRect(m_bounds).toAlignedRect();
+        const double ratio = painter->device()->devicePixelRatio();
+        painter->setTransform({});
+        painter->setClipRegion(*state->clipRegion());
+        if (toDevice.isRotating()) painter->setClipRect(matrix()->toTransform().mapRect(m_bounds), Qt::IntersectClip);
+        painter->setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
+        painter->setOpacity(inheritedOpacity());
+        painter->setCompositionMode(inheritedOpacity() < 1 ? QPainter::CompositionMode_SourceOver
+                                                           : QPainter::CompositionMode_Source);
+        for (const QRect& changed : *state->clipRegion()) {
+            const QRectF scaled{changed.x() * ratio, changed.y() * ratio, changed.width() * ratio,
+                                changed.height() * ratio};
+            paint(*painter, covered & scaled.toAlignedRect(), toItem);
+        }
+    }
+
+    RenderingFlags flags() const override { return BoundedRectRendering | OpaqueRendering; }
+    QRectF rect() const override { return m_bounds; }
+
+private:
+    /// Fills an area of device pixels, a few rows at a time.
+    void paint(QPainter& painter, const QRect& area, const QTransform& toItem) const {
+        constexpr int bufferedPixels = 8192;
+        alignas(16) std::array<std::uint32_t, bufferedPixels> pixels;
+        const int width = std::min(area.width(), bufferedPixels);
+        if (width <= 0 || area.height() <= 0) return;
+        const int rowsAtOnce = bufferedPixels / width;
+        for (int top = area.top(); top <= area.bottom(); top += rowsAtOnce) {
+            const int rows = std::min(rowsAtOnce, area.bottom() - top + 1);
+            for (int row = 0; row < rows; ++row) {
+                const QPointF first = toItem.map(QPointF{area.left() + 0.5, top + row + 0.5});
+                const auto offset = static_cast<std::size_t>(row) * static_cast<std::size_t>(width);
+                m_ground.field.fill(std::span{pixels}.subspan(offset, static_cast<std::size_t>(width)),
+                                    {first.x(), first.y(), toItem.m11(), toItem.m12()});
+            }
+            painter.drawImage(QPoint{area.left(), top}, QImage{reinterpret_cast<const uchar*>(pixels.data()), width,
+                                                               rows, width * 4, QImage::Format_RGB32});
+        }
+    }
+
+    const Ground& m_ground;
+    QRectF m_bounds;
+};
+
+class GroundNode final : public QSGNode {
+public:
+    GroundNode(QQuickWindow* window, QSizeF size, const ThemeColors& colors)
+        : m_ground{window, GlowField{colors, size.width(), size.height()}} {
+        for (double top = 0; top < size.height(); top += tileHeight) {
+            for (double left = 0; left < size.width(); left += tileWidth) {
+                const QRectF bounds{left, top, std::min(tileWidth, size.width() - left),
+                                    std::min(tileHeight, size.height() - top)};
+                appendChildNode(new Tile{m_ground, bounds});
+            }
+        }
+    }
+
+private:
+    Ground m_ground;
+};
+
+} // namespace
+
+ThemeBackground::ThemeBackground(QQuickItem* parent) : QQuickItem{parent} {
+    setFlag(ItemHasContents);
+    m_theme = Appearance::shared().theme().watch([this] { update(); });
+}
+
+QSGNode* ThemeBackground::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
+    delete node;
+    return new GroundNode{window(), size(), ThemeColors::of(*Appearance::shared().theme())};
+}
+
+void ThemeBackground::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() != oldGeometry.size()) update();
+}
+
+} // namespace velmorin
