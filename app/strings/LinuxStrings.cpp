@@ -86,4 +86,8 @@ const AppStrings& of(AppLanguage language) {
     return german;
 }
 
+std::string_view thoughtKeys(AppLanguage language) {
+    return language == AppLanguage::german ? "Strg+Alt+T" : "Ctrl+Alt+T";
+}
+
 } // namespace velmorin::LinuxStrings

@@ -13,6 +13,9 @@ namespace velmorin::LinuxStrings {
 /// All texts of a language.
 const AppStrings& of(AppLanguage language);
 
+/// The keys that open what takes a thought from anywhere, as they are written in a language.
+std::string_view thoughtKeys(AppLanguage language);
+
 /// The texts that are replaced; besides them only the function `noAutomation` is. `phoneScanHint` stays although it
 /// names the Mac: it quotes a button of the phone's app.
 inline constexpr std::array<std::string_view AppStrings::*, 11> replaced{

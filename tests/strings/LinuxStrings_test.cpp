@@ -55,5 +55,12 @@ TEST(LinuxStringsTest, everythingElseStaysAsItIs) {
     }
 }
 
+TEST(LinuxStringsTest, theKeysForAThoughtAreThoseThatTheMenuNames) {
+    for (const auto language : allCases<AppLanguage>()) {
+        EXPECT_THAT(LinuxStrings::of(language).menuWriteThought,
+                    testing::HasSubstr(LinuxStrings::thoughtKeys(language)));
+    }
+}
+
 } // namespace
 } // namespace velmorin

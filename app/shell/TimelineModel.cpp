@@ -1,0 +1,30 @@
+#include "app/shell/TimelineModel.h"
+
+#include <algorithm>
+
+namespace velmorin {
+
+namespace {
+
+/// The wall clock may be a little behind the timers, and what is due in no time at all must not keep the program busy.
+constexpr double shortestWait = 0.001;
+
+} // namespace
+
+void TimelineModel::begin() {
+    connect(session(), &SessionModel::sessionChanged, this, &TimelineModel::update);
+    connect(session(), &SessionModel::statusChanged, this, &TimelineModel::update);
+    connect(session(), &SessionModel::overlayChanged, this, &TimelineModel::update);
+    connect(session(), &SessionModel::thoughtsChanged, this, &TimelineModel::update);
+    update();
+}
+
+void TimelineModel::update() {
+    if (!isComplete()) return;
+    const auto wait = redraw(now());
+    m_next =
+        wait && isShown() ? context().timers.after(std::max(*wait, shortestWait), [this] { update(); }) : Cancellable{};
+    Q_EMIT changed();
+}
+
+} // namespace velmorin

@@ -1,0 +1,11 @@
+#include "app/gallery/ScreenView.h"
+
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+int main(int argumentCount, char** arguments) {
+    ::testing::InitGoogleTest(&argumentCount, arguments);
+    velmorin::ScreenView::drawOffscreen();
+    const QGuiApplication application{argumentCount, arguments};
+    return RUN_ALL_TESTS();
+}
