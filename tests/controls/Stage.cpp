@@ -26,16 +26,15 @@ AppSettings& settings() {
 
 template <class Value>
 Value named(const QString& name) {
-    const auto names = rawValues(Value{});
-    const auto wanted = name.toStdString();
-    for (std::size_t index = 0; index < names.size(); ++index) {
-        if (names[index] == wanted) return static_cast<Value>(index);
-    }
-    qFatal("No such value: %s", wanted.c_str());
+    const auto found = fromRawValue<Value>(name.toStdString());
+    if (!found) qFatal("No such value: %s", qPrintable(name));
+    return *found;
 }
 
 void send(QWindow* window, QEvent::Type type, int key, bool isRepeated) {
-    const QString text = key == Qt::Key_Space ? QStringLiteral(" ") : key == Qt::Key_Return ? QStringLiteral("\r") : QString{};
+    const QString text = key == Qt::Key_Space    ? QStringLiteral(" ")
+                         : key == Qt::Key_Return ? QStringLiteral("\r")
+                                                 : QString{};
     QKeyEvent event{type, key, Qt::NoModifier, text, isRepeated};
     QCoreApplication::sendEvent(window, &event);
 }

@@ -8,8 +8,8 @@
 
 namespace velmorin {
 
-/// What the tests of the controls do from outside: the user's settings, hands that hold a key down, the eyes of a screen
-/// reader, the clipboard.
+/// What the tests of the controls do from outside: the user's settings, hands that hold a key down, the eyes of a
+/// screen reader, the clipboard.
 class Stage : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,8 @@ public:
     Q_INVOKABLE void holdKey(QQuickItem* item, int key, int repetitions);
     Q_INVOKABLE void setClipboard(const QString& text);
 
-    /// What a screen reader is told: name, role, value, and the states checked, checkable, disabled, focusable, readOnly.
+    /// What a screen reader is told: name, role, value, and the states checked, checkable, disabled, focusable,
+    /// readOnly.
     Q_INVOKABLE QVariantMap heard(QQuickItem* item);
     /// Does what a screen reader's user asks for; whether there is such an action.
     Q_INVOKABLE bool act(QQuickItem* item, const QString& action);
