@@ -64,6 +64,8 @@ public:
     /// Where the session stood at the last tick.
     const Observable<std::optional<ScheduleStatus>>& status() const { return m_status; }
     const Observable<OverlayState>& overlay() const { return m_overlay; }
+    /// What asks the browsers, for whoever wants to know whether they answer.
+    BrowserMonitor& browserMonitor() { return m_browserMonitor; }
     /// Whether a session is running.
     bool isActive() const { return m_session->has_value(); }
 

@@ -50,6 +50,13 @@ std::filesystem::path LinuxPlaces::resources(const std::string& name) const {
     return prefix.parent_path().parent_path() / "resources" / name;
 }
 
+std::filesystem::path LinuxPlaces::browserExtension() const {
+    const auto prefix = program.parent_path().parent_path();
+    auto installed = prefix / "share" / "velmorin" / "browser-extension";
+    std::error_code missing;
+    return std::filesystem::exists(installed, missing) ? installed : prefix / "browser-extension";
+}
+
 LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, MainLoop& mainLoop,
                        std::unique_ptr<X11Connection> display)
     : places{std::move(where)},
@@ -70,6 +77,7 @@ LinuxSeams::LinuxSeams(LinuxPlaces where, std::filesystem::path storeDirectory, 
       serviceManager{{places.program.filename().string(), places.program, places.companion("velmorin-watchdog"),
                       places.configuration, places.runtime},
                      childProcesses,
-                     files} {}
+                     files},
+      browserSetup{places.companion("velmorin-browser-host"), places.browserExtension()} {}
 
 } // namespace velmorin

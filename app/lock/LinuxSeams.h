@@ -6,6 +6,7 @@
 #include "app/platform/linux/applications/IconTheme.h"
 #include "app/platform/linux/applications/LinuxInstalledApplications.h"
 #include "app/platform/linux/applications/ProcFS.h"
+#include "app/platform/linux/browsers/LinuxBrowserSetup.h"
 #include "app/platform/linux/loop/LoopTimers.h"
 #include "app/platform/linux/loop/MainLoop.h"
 #include "app/platform/linux/relay/CurlRelayTransport.h"
@@ -41,6 +42,8 @@ struct LinuxPlaces {
     std::filesystem::path companion(const std::string& name) const;
     /// A folder of what comes with the program: the source tree's for one that was built there, else the installed one.
     std::filesystem::path resources(const std::string& name) const;
+    /// The folder of the extension for browsers: the installed one, else the build tree's.
+    std::filesystem::path browserExtension() const;
 };
 
 /// Every seam of the engine on a Linux desktop, made in the order in which they need each other. Main thread.
@@ -76,6 +79,7 @@ struct LinuxSeams {
     LinuxShortcuts shortcuts;
     LinuxServiceManager serviceManager;
     CurlRelayTransport relay;
+    LinuxBrowserSetup browserSetup;
 };
 
 } // namespace velmorin

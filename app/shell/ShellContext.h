@@ -2,6 +2,7 @@
 
 #include "app/engine/AppData.h"
 #include "app/engine/SessionController.h"
+#include "app/seams/BrowserSetup.h"
 #include "app/seams/Clock.h"
 #include "app/seams/InstalledApplications.h"
 #include "app/seams/Timers.h"
@@ -30,6 +31,7 @@ struct ShellContext {
     Calendar calendar;                   ///< that of the user's time zone
     std::optional<std::string> bundleID; ///< this program's own identifier
     PlatformCautions cautions;
+    BrowserSetup* browserSetup = nullptr; ///< null where nothing has to be added to a browser
     /// Opens what takes a thought; absent where there is nothing that does.
     std::function<void()> writeThought = nullptr;
     /// The keys that do so from anywhere, as they are written in a language; absent where there are none.

@@ -1,0 +1,40 @@
+import QtQuick
+import QtQuick.Layouts
+import Velmorin.Shell
+import Velmorin.Controls
+
+/// How long the session will be, and which of the two kinds it is.
+ColumnLayout {
+    id: root
+
+    required property StartModel model
+
+    spacing: 18
+    Accessible.role: Accessible.Grouping
+    Accessible.name: Texts.sessionTotal
+
+    PreviewRing {
+        Layout.alignment: Qt.AlignHCenter
+        fraction: root.model.workFraction
+        text: root.model.totalText
+        label: Texts.sessionTotal
+        Accessible.role: Accessible.StaticText
+        Accessible.name: root.model.totalInWords
+    }
+
+    SegmentedBar {
+        Layout.fillWidth: true
+        options: root.model.modeNames
+        selection: root.model.mode
+        onSelected: index => root.model.mode = index
+    }
+
+    AppText {
+        Layout.fillWidth: true
+        text: root.model.modeDetail
+        size: 14
+        color: Theme.muted
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignHCenter
+    }
+}
