@@ -9,91 +9,80 @@ ColumnLayout {
 
     required property StartModel model
 
-    spacing: 22
+    spacing: 8
 
-    ColumnLayout {
+    AppText {
         Layout.fillWidth: true
-        spacing: 8
-
-        AppText {
-            Layout.fillWidth: true
-            Layout.bottomMargin: 14
-            text: Texts.startSubtitle
-            weight: Font.DemiBold
-            size: 28
-            wrapMode: Text.Wrap
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
-        }
-
-        FormHeading {
-            title: Texts.goalHeading
-        }
-
-        AppTextField {
-            id: goal
-
-            Layout.fillWidth: true
-            text: root.model.intent
-            placeholder: Texts.goalPlaceholder
-            size: 17
-            onEdited: root.model.intent = text
-        }
-
-        Rectangle {
-            Layout.fillWidth: true
-            implicitHeight: goal.activeFocus ? 2 : 1
-            color: goal.activeFocus ? Theme.accent : Theme.line
-        }
+        text: Texts.startSubtitle
+        weight: Font.DemiBold
+        size: 28
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
     }
 
-    ColumnLayout {
-        Layout.fillWidth: true
-        spacing: 8
-
-        FormHeading {
-            title: Texts.profileHeading
-        }
-
-        ChipRow {
-            Layout.fillWidth: true
-            Layout.leftMargin: -rim
-            Layout.rightMargin: -rim
-            names: root.model.profileNames
-            selectedIndex: root.model.selectedIndex
-            onSelected: index => root.model.select(index)
-        }
-
-        FormHeading {
-            Layout.topMargin: 6
-            title: Texts.allowedInSession
-        }
-
-        AppText {
-            Layout.fillWidth: true
-            text: root.model.allowedSummary
-            wrapMode: Text.Wrap
-        }
+    FormHeading {
+        Layout.topMargin: 14
+        title: Texts.goalHeading
     }
 
-    ColumnLayout {
+    AppTextField {
+        id: goal
+
         Layout.fillWidth: true
-        spacing: 12
+        text: root.model.intent
+        placeholder: Texts.goalPlaceholder
+        size: 17
+        onEdited: root.model.intent = text
+    }
 
-        Repeater {
-            model: root.model.timeRows
+    Rectangle {
+        Layout.fillWidth: true
+        implicitHeight: goal.activeFocus ? 2 : 1
+        color: goal.activeFocus ? Theme.accent : Theme.line
+    }
 
-            TimeSlider {
-                required property TimeRow modelData
+    FormHeading {
+        Layout.topMargin: 14
+        title: Texts.profileHeading
+    }
 
-                Layout.fillWidth: true
-                row: modelData
-            }
+    ChipRow {
+        Layout.fillWidth: true
+        Layout.leftMargin: -rim
+        Layout.rightMargin: -rim
+        names: root.model.profileNames
+        selectedIndex: root.model.selectedIndex
+        onSelected: index => root.model.select(index)
+    }
+
+    FormHeading {
+        Layout.topMargin: 6
+        title: Texts.allowedInSession
+    }
+
+    AppText {
+        Layout.fillWidth: true
+        Layout.bottomMargin: 12
+        text: root.model.allowedSummary
+        wrapMode: Text.Wrap
+    }
+
+    Repeater {
+        model: root.model.timeRows
+
+        TimeSlider {
+            required property TimeRow modelData
+
+            Layout.fillWidth: true
+            Layout.bottomMargin: 4
+            row: modelData
         }
     }
 
     PrimaryPillButton {
         Layout.fillWidth: true
+        Layout.topMargin: 10
         text: Texts.startSession
         onClicked: root.model.startSession()
     }
@@ -102,6 +91,8 @@ ColumnLayout {
         id: reset
 
         Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: 10
+        Layout.bottomMargin: 6
         text: Texts.resetTimings
         Accessible.description: Texts.resetTimingsHelp
         onClicked: root.model.resetTimings()
