@@ -52,15 +52,18 @@ function(velmorin_test name)
         PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300 DISCOVERY_TIMEOUT 60)
 endfunction()
 
-# A test program that needs a desktop: the whole of it runs once under each of the window managers.
+# A test program that needs a desktop: the whole of it runs once under each of the window managers, on a screen of SIZE.
 function(velmorin_desktop_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;MANAGERS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "SIZE" "SOURCES;LIBRARIES;MANAGERS")
+    if(NOT arg_SIZE)
+        set(arg_SIZE 1280x800)
+    endif()
     add_executable(${name} ${arg_SOURCES})
     target_compile_options(${name} PRIVATE $<$<CONFIG:Debug>:-O0 -g1>)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
     foreach(manager IN LISTS arg_MANAGERS)
         add_test(NAME ${name}-${manager} COMMAND ${Python3_EXECUTABLE}
-            ${PROJECT_SOURCE_DIR}/tests/desktop/desktop.py --wm ${manager} -- $<TARGET_FILE:${name}>)
+            ${PROJECT_SOURCE_DIR}/tests/desktop/desktop.py --wm ${manager} --size ${arg_SIZE} -- $<TARGET_FILE:${name}>)
         set_tests_properties(${name}-${manager} PROPERTIES LABELS desktop TIMEOUT 300)
     endforeach()
 endfunction()

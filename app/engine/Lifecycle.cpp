@@ -7,11 +7,7 @@ namespace velmorin {
 
 Lifecycle::Lifecycle(LaunchOptions options, SessionController& controller, const Workspace& workspace,
                      Application& application)
-    : m_options{std::move(options)},
-      m_controller{controller},
-      m_workspace{workspace},
-      m_application{application},
-      m_powerOff{application.observePowerOff(m_lifetime.guard([this] { m_isSystemShuttingDown = true; }))} {}
+    : m_options{std::move(options)}, m_controller{controller}, m_workspace{workspace}, m_application{application} {}
 
 bool Lifecycle::isAnotherInstanceRunning() const {
     const auto& bundleID = m_application.bundleIdentifier();
@@ -22,11 +18,17 @@ bool Lifecycle::isAnotherInstanceRunning() const {
     return std::ranges::any_of(m_workspace.runningApplications(*bundleID), isAnother);
 }
 
-Lifecycle::Start Lifecycle::start() {
-    if (isAnotherInstanceRunning()) return Start::quit;
-    const bool isResumed = m_controller.resumeIfNeeded();
+void Lifecycle::observePowerOff() {
+    m_powerOff = m_application.observePowerOff(m_lifetime.guard([this] { m_isSystemShuttingDown = true; }));
+}
+
+void Lifecycle::resume() {
+    m_isResumed = m_controller.resumeIfNeeded();
+}
+
+Lifecycle::Start Lifecycle::start() const {
     if (!m_options.launchedByWatchdog) return Start::showMainWindow;
-    const bool isIdle = !isResumed && shows<Overlay::None>(*m_controller.overlay());
+    const bool isIdle = !m_isResumed && shows<Overlay::None>(*m_controller.overlay());
     return isIdle ? Start::quit : Start::stayBehind;
 }
 

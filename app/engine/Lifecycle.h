@@ -14,7 +14,7 @@ class Lifecycle {
 public:
     /// What becomes of a process that has been started.
     enum class Start {
-        quit,           ///< it ends: there is another one, or the watchdog had nothing left to guard
+        quit,           ///< it ends: the watchdog has started it and there is nothing left to guard
         showMainWindow, ///< the user has started it
         stayBehind,     ///< the watchdog has; a session runs, or the summary of one is up
     };
@@ -29,17 +29,24 @@ public:
 
     /// Whether another process of this program runs. A program without an identifier cannot tell and says no.
     bool isAnotherInstanceRunning() const;
-    /// Takes up the session that the last process left, unless there is another instance: a second one leaves the
-    /// session and the watchdog alone. To be called once, when the controller's callbacks are connected.
-    Start start();
+    /// Listens from now on for the announcement that the system ends. To be called once.
+    void observePowerOff();
+    /// Takes up the session that the last process left. To be called once, when the controller's callbacks are
+    /// connected; not where there is another instance, since a second one leaves the session and the watchdog alone.
+    void resume();
+    /// What becomes of this process, once `resume` was called.
+    Start start() const;
     QuitAnswer answerToQuit() const;
+    /// Whether the system has announced its end, which is never taken back.
+    bool isSystemShuttingDown() const { return m_isSystemShuttingDown; }
 
 private:
     LaunchOptions m_options;
     SessionController& m_controller;
     const Workspace& m_workspace;
     Application& m_application;
-    bool m_isSystemShuttingDown = false; ///< never taken back
+    bool m_isResumed = false; ///< a session goes on that was taken up
+    bool m_isSystemShuttingDown = false;
     Lifetime m_lifetime;
     Cancellable m_powerOff;
 };

@@ -104,7 +104,13 @@ void LockProgram::connect() {
 }
 
 void LockProgram::launch() {
+    if (m_lifecycle.isAnotherInstanceRunning()) {
+        m_seams.application.terminate();
+        return;
+    }
     if (m_data.phoneLink().pairing()) m_data.phoneLink().startListening();
+    m_lifecycle.observePowerOff();
+    m_lifecycle.resume();
     if (m_lifecycle.start() == Lifecycle::Start::quit) {
         m_seams.application.terminate();
         return;

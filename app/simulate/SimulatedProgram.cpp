@@ -33,6 +33,8 @@ void SimulatedProgram::launch() {
     }
     connect();
     if (m_data.phoneLink().pairing()) m_data.phoneLink().startListening();
+    m_lifecycle.observePowerOff();
+    m_lifecycle.resume();
     if (m_lifecycle.start() == Lifecycle::Start::quit) m_application.terminate();
 }
 

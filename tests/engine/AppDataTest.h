@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 #include <memory>
 #include <string>

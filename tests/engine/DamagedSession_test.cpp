@@ -1,7 +1,7 @@
 // What becomes of a session whose file is not what it was.
 
 #include "core/store/PosixFiles.h"
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 

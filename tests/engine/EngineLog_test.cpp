@@ -1,7 +1,7 @@
 // Every line that the engine writes to its log, word for word.
 
 #include "core/store/EventLog.h"
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

@@ -1,7 +1,7 @@
 #include "app/engine/LaunchAgent.h"
 
 #include "app/engine/Watchdog.h"
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 #include "tests/support/FaultyFiles.h"
 #include "tests/support/RecordingChildProcesses.h"
 

@@ -1,6 +1,6 @@
 #include "app/engine/Lifecycle.h"
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 #include <memory>
 
@@ -44,6 +44,13 @@ struct Process {
           application{pid, setup.bundleID},
           lifecycle{{by == LaunchedBy::watchdog, {}}, program.controller(), desktop.workspace, application} {
         desktop.workspace.add({pid, setup.bundleID, std::nullopt, ActivationPolicy::accessory});
+        lifecycle.observePowerOff();
+    }
+    /// Goes through the launch, as far as it is decided here.
+    Start launch() {
+        if (lifecycle.isAnotherInstanceRunning()) return Start::quit;
+        lifecycle.resume();
+        return lifecycle.start();
     }
 
     SimulatedProgram program;
@@ -73,31 +80,32 @@ protected:
     bool isGuarded() { return desktop().serviceManager.job.has_value(); }
     bool hasSessionFile() const { return file(SessionController::sessionFile).has_value(); }
 
-private:
     std::unique_ptr<Process> m_process;
+
+private:
     Date m_plannedEnd;
 };
 
 TEST_F(LifecycleTest, aStartByTheUserShowsTheMainWindow) {
-    EXPECT_EQ(process(LaunchedBy::user).lifecycle.start(), Start::showMainWindow);
+    EXPECT_EQ(process(LaunchedBy::user).launch(), Start::showMainWindow);
 }
 
 TEST_F(LifecycleTest, aStartByTheUserWithASessionToResumeShowsTheMainWindowToo) {
     loseSession();
-    EXPECT_EQ(process(LaunchedBy::user).lifecycle.start(), Start::showMainWindow);
+    EXPECT_EQ(process(LaunchedBy::user).launch(), Start::showMainWindow);
     EXPECT_TRUE(ownController().isActive());
 }
 
 TEST_F(LifecycleTest, aStartByTheUserAfterTheEndOfThePlanShowsTheMainWindowToo) {
     loseSession();
     waitForEnd(1000);
-    EXPECT_EQ(process(LaunchedBy::user).lifecycle.start(), Start::showMainWindow);
+    EXPECT_EQ(process(LaunchedBy::user).launch(), Start::showMainWindow);
     EXPECT_FALSE(ownController().isActive());
 }
 
 TEST_F(LifecycleTest, aStartByTheWatchdogThatResumesASessionStaysBehind) {
     loseSession();
-    EXPECT_EQ(process(LaunchedBy::watchdog).lifecycle.start(), Start::stayBehind);
+    EXPECT_EQ(process(LaunchedBy::watchdog).launch(), Start::stayBehind);
     EXPECT_TRUE(ownController().isActive());
     EXPECT_TRUE(isGuarded());
     EXPECT_THAT(log(), ElementsAre("segment 0 work", "session resumed"));
@@ -105,14 +113,14 @@ TEST_F(LifecycleTest, aStartByTheWatchdogThatResumesASessionStaysBehind) {
 
 TEST_F(LifecycleTest, aStartByTheWatchdogWithoutASessionRemovesTheAgentAndQuits) {
     desktop().serviceManager.job = Arguments{"--watchdog"};
-    EXPECT_EQ(process(LaunchedBy::watchdog).lifecycle.start(), Start::quit);
+    EXPECT_EQ(process(LaunchedBy::watchdog).launch(), Start::quit);
     EXPECT_FALSE(isGuarded());
 }
 
 TEST_F(LifecycleTest, aStartByTheWatchdogWithADamagedSessionRemovesItAndQuits) {
     loseSession();
     writeFile(SessionController::sessionFile, "{damaged");
-    EXPECT_EQ(process(LaunchedBy::watchdog).lifecycle.start(), Start::quit);
+    EXPECT_EQ(process(LaunchedBy::watchdog).launch(), Start::quit);
     EXPECT_FALSE(isGuarded());
     EXPECT_FALSE(hasSessionFile());
     EXPECT_FALSE(file(AppData::historyFile)) << "there is nothing to make a record of";
@@ -121,7 +129,7 @@ TEST_F(LifecycleTest, aStartByTheWatchdogWithADamagedSessionRemovesItAndQuits) {
 TEST_F(LifecycleTest, aStartByTheWatchdogSoonAfterTheEndStaysForTheSummary) {
     loseSession();
     waitForEnd(299);
-    EXPECT_EQ(process(LaunchedBy::watchdog).lifecycle.start(), Start::stayBehind);
+    EXPECT_EQ(process(LaunchedBy::watchdog).launch(), Start::stayBehind);
     EXPECT_TRUE(shows<Overlay::Finished>(*ownController().overlay()));
     EXPECT_FALSE(isGuarded());
     EXPECT_FALSE(hasSessionFile());
@@ -131,7 +139,7 @@ TEST_F(LifecycleTest, aStartByTheWatchdogSoonAfterTheEndStaysForTheSummary) {
 TEST_F(LifecycleTest, aStartByTheWatchdogLongAfterTheEndWritesTheRecordAndQuits) {
     loseSession();
     waitForEnd(300);
-    EXPECT_EQ(process(LaunchedBy::watchdog).lifecycle.start(), Start::quit);
+    EXPECT_EQ(process(LaunchedBy::watchdog).launch(), Start::quit);
     EXPECT_TRUE(shows<Overlay::None>(*ownController().overlay()));
     const auto history = stored<std::vector<SessionRecord>>(AppData::historyFile);
     ASSERT_TRUE(history);
@@ -146,7 +154,7 @@ TEST_F(LifecycleTest, anInstanceThatFindsAnotherQuitsAndTouchesNothing) {
     const auto before = files.contents;
     desktop().workspace.add({ownPID + 1, setup.bundleID, std::nullopt, ActivationPolicy::accessory});
     for (const auto by : {LaunchedBy::user, LaunchedBy::watchdog}) {
-        EXPECT_EQ(process(by).lifecycle.start(), Start::quit);
+        EXPECT_EQ(process(by).launch(), Start::quit);
         EXPECT_FALSE(ownController().isActive());
         EXPECT_EQ(lifecycle().answerToQuit(), QuitAnswer::quit);
     }
@@ -171,7 +179,7 @@ TEST_F(LifecycleTest, aProgramWithoutAnIdentifierSeesNoOther) {
     auto& own = process(LaunchedBy::user);
     desktop().workspace.add({ownPID + 1, std::nullopt, "Velmorin", ActivationPolicy::accessory});
     EXPECT_FALSE(own.lifecycle.isAnotherInstanceRunning());
-    EXPECT_EQ(own.lifecycle.start(), Start::showMainWindow);
+    EXPECT_EQ(own.launch(), Start::showMainWindow);
 }
 
 TEST_F(LifecycleTest, twoThatFindEachOtherBothQuitAndTheWatchdogBringsOneBack) {
@@ -179,8 +187,8 @@ TEST_F(LifecycleTest, twoThatFindEachOtherBothQuitAndTheWatchdogBringsOneBack) {
     {
         Process one{desktop(), setup, LaunchedBy::watchdog, ownPID};
         Process other{desktop(), setup, LaunchedBy::watchdog, ownPID + 1};
-        EXPECT_EQ(one.lifecycle.start(), Start::quit);
-        EXPECT_EQ(other.lifecycle.start(), Start::quit);
+        EXPECT_EQ(one.launch(), Start::quit);
+        EXPECT_EQ(other.launch(), Start::quit);
     }
     desktop().workspace.quit(ownPID);
     desktop().workspace.quit(ownPID + 1);
@@ -193,13 +201,13 @@ TEST_F(LifecycleTest, twoThatFindEachOtherBothQuitAndTheWatchdogBringsOneBack) {
 TEST_F(LifecycleTest, aRequestToQuitWithoutASessionIsGranted) {
     process(LaunchedBy::user);
     EXPECT_EQ(lifecycle().answerToQuit(), QuitAnswer::quit);
-    (void)lifecycle().start();
+    (void)m_process->launch();
     EXPECT_EQ(lifecycle().answerToQuit(), QuitAnswer::quit);
 }
 
 TEST_F(LifecycleTest, aRequestToQuitDuringASessionBringsUpTheMainWindowInstead) {
     process(LaunchedBy::user);
-    (void)lifecycle().start();
+    (void)m_process->launch();
     ownController().start(profile(SessionMode::deep), "");
     EXPECT_EQ(lifecycle().answerToQuit(), QuitAnswer::stayAndShowMainWindow);
     advance(60);
@@ -210,7 +218,7 @@ TEST_F(LifecycleTest, aRequestToQuitDuringASessionBringsUpTheMainWindowInstead) 
 
 TEST_F(LifecycleTest, theEndOfTheSystemIsGrantedDuringASession) {
     auto& own = process(LaunchedBy::user);
-    (void)lifecycle().start();
+    (void)m_process->launch();
     ownController().start(profile(SessionMode::deep), "");
     own.application.announcePowerOff();
     EXPECT_EQ(lifecycle().answerToQuit(), QuitAnswer::quit);
@@ -221,7 +229,7 @@ TEST_F(LifecycleTest, theEndOfTheSystemIsGrantedDuringASession) {
 TEST_F(LifecycleTest, anAnnouncedEndOfTheSystemIsNeverTakenBack) {
     auto& own = process(LaunchedBy::user);
     own.application.announcePowerOff();
-    (void)lifecycle().start();
+    (void)m_process->launch();
     advance(3600);
     ownController().start(profile(SessionMode::deep), "");
     EXPECT_EQ(lifecycle().answerToQuit(), QuitAnswer::quit);

@@ -1,6 +1,6 @@
 // Each transition of the overlay, tried from every screen.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 #include "tests/engine/OverlayStates.h"
 
 namespace velmorin {

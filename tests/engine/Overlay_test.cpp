@@ -1,6 +1,6 @@
 // What the user's answers to the overlay do.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

@@ -1,6 +1,6 @@
 // What a session does when its plan moves on: every row, from every kind of segment, under every screen.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 #include "tests/engine/OverlayStates.h"
 
 #include <algorithm>

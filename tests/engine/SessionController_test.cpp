@@ -1,6 +1,6 @@
 // How a session comes up.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 #include "tests/support/Plans.h"
 
 namespace velmorin {

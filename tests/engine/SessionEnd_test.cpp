@@ -1,6 +1,6 @@
 // How a session goes down, in each of the ways it can, and what a disk that fails changes about it.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

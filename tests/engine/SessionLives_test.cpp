@@ -1,4 +1,4 @@
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

@@ -1,6 +1,6 @@
 // How a process takes up the session that another one has left behind.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

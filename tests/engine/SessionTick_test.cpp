@@ -1,6 +1,6 @@
 // How a session runs: second by second, through its plan, and by the wall clock.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

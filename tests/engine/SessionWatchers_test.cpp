@@ -1,6 +1,6 @@
 // Who is told of what, in which order, and what may be done from there.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 #include <utility>
 

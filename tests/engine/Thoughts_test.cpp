@@ -1,6 +1,6 @@
 #include "core/foundation/Text.h"
 #include "core/phone/PhoneWire.h"
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 #include <algorithm>
 

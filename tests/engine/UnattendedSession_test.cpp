@@ -1,6 +1,6 @@
 // Sessions that answer their screens themselves, and what is still to come when their process dies.
 
-#include "tests/engine/EngineTest.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Velmorin.Controls
@@ -49,7 +51,7 @@ Rectangle {
                 text: modelData
                 isSelected: index === root.selection
                 // Where nothing is chosen yet, the Tab key leads to the first.
-                isStop: isSelected || root.selection < 0 && index === 0
+                isStop: index === root.selection || index === 0 && root.selection < 0
                 onClicked: if (!isSelected) root.selected(index)
                 onMoved: places => root.move(places)
             }

@@ -123,7 +123,7 @@ std::optional<X11Client> answered(const X11Connection& connection, xcb_window_t 
 X11Clients::X11Clients(X11Connection& connection, std::function<void(const Change&)> changed)
     : m_connection{connection}, m_changed{std::move(changed)} {
     // What happens from here on is told by events, also what happens while all is read for the first time.
-    m_connection.select(m_connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    m_selection = m_connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
     readManager();
     readList();
     readActive();

@@ -92,6 +92,7 @@ private:
     bool m_isListStale = false;
     std::set<xcb_window_t> m_stale;
     Change m_change;
+    Cancellable m_selection;
     Cancellable m_events;
 };
 

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstring>
+#include <functional>
+#include <numeric>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -67,7 +69,8 @@ std::unique_ptr<X11Connection> X11Connection::open(MainLoop& loop, const std::op
 X11Connection::X11Connection(MainLoop& loop, xcb_connection_t* connection, xcb_screen_t* screen)
     : m_connection{connection},
       m_screen{screen},
-      m_observers{std::make_shared<std::map<std::uint64_t, std::shared_ptr<Observer>>>()} {
+      m_observers{std::make_shared<std::map<std::uint64_t, std::shared_ptr<Observer>>>()},
+      m_rootEvents{std::make_shared<std::multiset<std::uint32_t>>()} {
     xcb_ewmh_init_atoms_replies(&m_ewmh, xcb_ewmh_init_atoms(m_connection, &m_ewmh), nullptr);
     const auto atoms = internAtoms<6>(m_connection, {"WM_STATE", "WM_CHANGE_STATE", "WM_PROTOCOLS", "WM_DELETE_WINDOW",
                                                      "_MOTIF_WM_HINTS", "_VELMORIN_HIDDEN"});
@@ -103,6 +106,23 @@ void X11Connection::tellWindow(xcb_window_t window, xcb_atom_t message, std::uin
 
 void X11Connection::select(xcb_window_t window, std::uint32_t events) const {
     xcb_change_window_attributes(m_connection, window, XCB_CW_EVENT_MASK, &events);
+}
+
+Cancellable X11Connection::selectOnRoot(std::uint32_t events) {
+    m_rootEvents->insert(events);
+    selectAllOnRoot();
+    return Cancellable{[this, held = std::weak_ptr{m_rootEvents}, events] {
+        const auto wanted = held.lock();
+        if (!wanted) return;
+        wanted->erase(wanted->find(events));
+        selectAllOnRoot();
+        flush();
+    }};
+}
+
+void X11Connection::selectAllOnRoot() const {
+    const auto all = std::accumulate(m_rootEvents->begin(), m_rootEvents->end(), 0U, std::bit_or<>{});
+    select(root(), all);
 }
 
 Cancellable X11Connection::observe(Handler handler, std::function<void()> whenRead) {

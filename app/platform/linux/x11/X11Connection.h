@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <xcb/xcb.h>
 #include <xcb/xcb_ewmh.h>
@@ -51,8 +52,10 @@ public:
     void askManager(xcb_window_t window, xcb_atom_t message, std::uint32_t first, std::uint32_t second = 0) const;
     /// Sends a window's own program a message. Not sent before `flush`.
     void tellWindow(xcb_window_t window, xcb_atom_t message, std::uint32_t first, std::uint32_t second) const;
-    /// Adds to the events that are told of a window of another program.
+    /// Chooses the events that are told of a window other than the root.
     void select(xcb_window_t window, std::uint32_t events) const;
+    /// Adds to the events that are told of the root, until the result goes.
+    [[nodiscard]] Cancellable selectOnRoot(std::uint32_t events);
 
     /// Gives each event to `handler` until the result goes. `whenRead`, if there, is called once all that had arrived
     /// has been given.
@@ -67,6 +70,7 @@ private:
     };
 
     X11Connection(MainLoop& loop, xcb_connection_t* connection, xcb_screen_t* screen);
+    void selectAllOnRoot() const;
     void readEvents();
     void give(const xcb_generic_event_t& event);
 
@@ -78,6 +82,7 @@ private:
     X11Reply<xcb_generic_event_t> m_queued; ///< read from the connection and not given yet
     std::shared_ptr<std::map<std::uint64_t, std::shared_ptr<Observer>>> m_observers;
     std::uint64_t m_lastObserver = 0;
+    std::shared_ptr<std::multiset<std::uint32_t>> m_rootEvents; ///< of each who wants any
     Cancellable m_readable;
 };
 

@@ -1,0 +1,31 @@
+#include "app/platform/qt/QuickContent.h"
+
+#include <QDebug>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QUrl>
+#include <memory>
+#include <utility>
+
+namespace velmorin {
+
+QuickContent::QuickContent(QQmlEngine& engine, const QUrl& component, Properties properties)
+    : m_component{&engine, component, QQmlComponent::PreferSynchronous}, m_properties{std::move(properties)} {}
+
+void QuickContent::fill(QQuickWindow& window, const CoverContent& content) {
+    std::unique_ptr<QObject> made{m_component.createWithInitialProperties(m_properties(content))};
+    auto* const item = qobject_cast<QQuickItem*>(made.get());
+    if (item == nullptr) {
+        qWarning() << m_component.errors();
+        return;
+    }
+    made.release();
+    item->setParent(window.contentItem());
+    item->setParentItem(window.contentItem());
+    item->setSize(window.size());
+    QObject::connect(&window, &QQuickWindow::widthChanged, item, [item](int width) { item->setWidth(width); });
+    QObject::connect(&window, &QQuickWindow::heightChanged, item, [item](int height) { item->setHeight(height); });
+}
+
+} // namespace velmorin
