@@ -1,18 +1,18 @@
 import QtQuick
-import QtQuick.Layouts
 import Velmorin.Shell
 import Velmorin.Controls
 
-/// What a session needs to know: its goal, its profile, its lengths; and the button that begins it.
-ColumnLayout {
+/// What a session needs to know: its goal, its profile, its lengths; and the button that begins it. No layout but a plain
+/// column, which follows at once where a text or the goal takes another line.
+Column {
     id: root
 
     required property StartModel model
 
-    spacing: 8
+    spacing: 22
 
     AppText {
-        Layout.fillWidth: true
+        width: root.width
         text: Texts.startSubtitle
         weight: Font.DemiBold
         size: 28
@@ -21,68 +21,81 @@ ColumnLayout {
         Accessible.name: text
     }
 
-    FormHeading {
-        Layout.topMargin: 14
-        title: Texts.goalHeading
+    Column {
+        width: root.width
+        spacing: 8
+
+        FormHeading {
+            width: root.width
+            title: Texts.goalHeading
+        }
+
+        AppTextField {
+            id: goal
+
+            width: root.width
+            text: root.model.intent
+            placeholder: Texts.goalPlaceholder
+            size: 17
+            onEdited: root.model.intent = text
+        }
+
+        Rectangle {
+            width: root.width
+            height: goal.activeFocus ? 2 : 1
+            color: goal.activeFocus ? Theme.accent : Theme.line
+        }
     }
 
-    AppTextField {
-        id: goal
+    Column {
+        width: root.width
+        spacing: 4
 
-        Layout.fillWidth: true
-        text: root.model.intent
-        placeholder: Texts.goalPlaceholder
-        size: 17
-        onEdited: root.model.intent = text
+        FormHeading {
+            width: root.width
+            title: Texts.profileHeading
+        }
+
+        ChipRow {
+            x: -rim
+            width: root.width + 2 * rim
+            names: root.model.profileNames
+            selectedIndex: root.model.selectedIndex
+            onSelected: index => root.model.select(index)
+        }
+
+        FormHeading {
+            width: root.width
+            topPadding: 4
+            title: Texts.allowedInSession
+        }
+
+        AppText {
+            width: root.width
+            topPadding: 4
+            text: root.model.allowedSummary
+            wrapMode: Text.Wrap
+        }
     }
 
-    Rectangle {
-        Layout.fillWidth: true
-        implicitHeight: goal.activeFocus ? 2 : 1
-        color: goal.activeFocus ? Theme.accent : Theme.line
-    }
+    Column {
+        width: root.width
+        spacing: 12
 
-    FormHeading {
-        Layout.topMargin: 14
-        title: Texts.profileHeading
-    }
+        Repeater {
+            model: root.model.timeRows
 
-    ChipRow {
-        Layout.fillWidth: true
-        Layout.leftMargin: -rim
-        Layout.rightMargin: -rim
-        names: root.model.profileNames
-        selectedIndex: root.model.selectedIndex
-        onSelected: index => root.model.select(index)
-    }
+            TimeSlider {
+                required property TimeRow modelData
 
-    FormHeading {
-        Layout.topMargin: 6
-        title: Texts.allowedInSession
-    }
-
-    AppText {
-        Layout.fillWidth: true
-        Layout.bottomMargin: 12
-        text: root.model.allowedSummary
-        wrapMode: Text.Wrap
-    }
-
-    Repeater {
-        model: root.model.timeRows
-
-        TimeSlider {
-            required property TimeRow modelData
-
-            Layout.fillWidth: true
-            Layout.bottomMargin: 4
-            row: modelData
+                width: root.width
+                row: modelData
+            }
         }
     }
 
     PrimaryPillButton {
-        Layout.fillWidth: true
-        Layout.topMargin: 10
+        width: root.width
         text: Texts.startSession
         onClicked: root.model.startSession()
     }
@@ -90,9 +103,7 @@ ColumnLayout {
     QuietLink {
         id: reset
 
-        Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: 10
-        Layout.bottomMargin: 6
+        anchors.horizontalCenter: parent.horizontalCenter
         text: Texts.resetTimings
         Accessible.description: Texts.resetTimingsHelp
         onClicked: root.model.resetTimings()
@@ -104,7 +115,7 @@ ColumnLayout {
     }
 
     AppText {
-        Layout.fillWidth: true
+        width: root.width
         text: Texts.appsStayOpen
         size: 13
         color: Theme.muted
