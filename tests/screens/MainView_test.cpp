@@ -25,7 +25,6 @@ protected:
         for (const auto* const name : {"Atlas", "Painter", "Reader", "Writer"})
             apps.push_back({name, std::string{"org.example."} + name, std::string{"/"} + name});
     }
-    ~MainViewTest() override { close(); }
 
     void showMain(QSize size = {1000, 760}) { show("MainView", {{"model", QVariant::fromValue(&model)}}, size); }
     void showProfiles(QSize size = {1000, 1400}) {
@@ -108,7 +107,7 @@ protected:
         picture();
     }
 
-    MainModel model{stage().context};
+    MainModel& model = stage().main;
 };
 
 TEST_F(MainViewTest, aSessionIsStartedWithTheMouse) {
