@@ -35,7 +35,8 @@ Stage::Stage(Files& files, std::filesystem::path directory, Date start)
               Calendar::inTimeZone("UTC").value(),
               application.bundleIdentifier(),
               {}},
-      session{context} {
+      session{context},
+      main{context} {
     context.thoughtKeys = &LinuxStrings::thoughtKeys;
     Appearance::shared().apply(*data.settings());
     desktop.workspace.add({editor, editorID, "Editor"});

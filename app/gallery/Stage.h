@@ -4,6 +4,7 @@
 #include "app/engine/SessionController.h"
 #include "app/platform/simulated/SimulatedApplication.h"
 #include "app/platform/simulated/SimulatedDesktop.h"
+#include "app/shell/MainModel.h"
 #include "app/shell/SessionModel.h"
 #include "app/shell/ShellContext.h"
 
@@ -38,6 +39,7 @@ struct Stage {
     SessionController controller;
     ShellContext context;
     SessionModel session;
+    MainModel main;
 };
 
 } // namespace velmorin
