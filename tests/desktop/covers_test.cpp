@@ -265,6 +265,18 @@ TEST_F(CoversTest, theKeyboardIsTakenWhenWhoHadItForHimselfLetsItGo) {
     EXPECT_FALSE(intruder.grabKeyboard()) << "it is ours now";
 }
 
+TEST_F(CoversTest, whoWasActiveHasTheFocusAgainAfterwards) {
+    auto& editor = world.launch("editor", {"--class", "editor"});
+    world.userActivates(editor.window());
+    EXPECT_TRUE(becomes([&] { return active() == editor.window(); }));
+    settle();
+    showOverlay();
+    overlay.hide();
+    EXPECT_TRUE(becomes([&] { return focused() == editor.window(); }));
+    settle();
+    EXPECT_EQ(focused(), editor.window());
+}
+
 TEST_F(CoversTest, theKeyboardIsFreeAfterwards) {
     showOverlay();
     overlay.hide();
