@@ -3,7 +3,7 @@
 #include "app/engine/AppCatalog.h"
 #include "app/engine/StateWriting.h"
 #include "app/lock/LinePrinter.h"
-#include "app/lock/LinuxSeams.h"
+#include "app/composition/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/lock/LockProgram.h"
 #include "app/lock/ProfileReading.h"

@@ -1,4 +1,4 @@
-#include "app/lock/LinuxSeams.h"
+#include "app/composition/LinuxSeams.h"
 
 #include <cstdlib>
 #include <pwd.h>
