@@ -37,7 +37,7 @@ PLACES = {
     # The compositions: the program, and the engine on the simulated desktop.
     "app/main.cpp": ["core", "app"],
     "app/simulate": [*BELOW_ENGINE, "app/engine", "app/platform/simulated"],
-    "app/gallery": [*BELOW_ENGINE, "app/engine", "app/shell", "app/platform/simulated", "app/platform/posix"],
+    "app/gallery": [*BELOW_ENGINE, "app/engine", "app/theme", "app/shell", "app/screens", "app/platform/simulated"],
     "app/lock": [*BELOW_ENGINE, "app/engine", "app/platform/linux", "app/platform/posix"],
     # The platform folders see the seams they serve, never the engine and never each other.
     "app/platform/simulated": ["core", "app/seams", "app/strings"],

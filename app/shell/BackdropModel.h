@@ -22,7 +22,7 @@ class BackdropModel : public TimelineModel {
     Q_PROPERTY(velmorin::QuoteTask::Category category READ category NOTIFY quotesChanged)
     Q_PROPERTY(velmorin::QuoteTask::Category alternate READ alternate NOTIFY quotesChanged)
     /// Whether a thought can be written from here.
-    Q_PROPERTY(bool takesThoughts READ takesThoughts CONSTANT)
+    Q_PROPERTY(bool takesThoughts READ takesThoughts NOTIFY changed)
     /// The keys that do the same from anywhere; empty where there are none.
     Q_PROPERTY(QString thoughtKeys READ thoughtKeys NOTIFY changed)
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "app/gallery/ScreenView.h"
+#include "app/gallery/Stage.h"
+
+#include <QSize>
+#include <QString>
+#include <QVariantMap>
+#include <functional>
+#include <vector>
+
+namespace velmorin {
+
+/// A screen in one state, of which the gallery takes pictures.
+struct PictureScene {
+    QString name;                              ///< that of the picture's file
+    QSize size;                                ///< of the window, in pixels
+    QString component;                         ///< of Velmorin.Screens; its `session` is the stage's
+    std::function<void(Stage&)> setUp;         ///< brings the engine there, in the language of the picture
+    QVariantMap properties = {};               ///< what the component needs besides
+    std::function<void(ScreenView&)> act = {}; ///< what the user has done; may be missing
+};
+
+/// The overlay's screens and the backdrop.
+std::vector<PictureScene> overlayScenes();
+
+} // namespace velmorin

@@ -1,0 +1,36 @@
+import QtQuick
+import QtQuick.Layouts
+import Velmorin.Controls
+
+/// Something that the user has to know.
+Item {
+    id: root
+
+    required property string text
+    required property real unit
+
+    implicitHeight: row.implicitHeight
+
+    RowLayout {
+        id: row
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(implicitWidth, parent.width)
+        spacing: 8 * root.unit
+
+        Symbol {
+            name: "warning"
+            size: 18 * root.unit
+            color: Theme.notice
+        }
+
+        AppText {
+            Layout.fillWidth: true
+            text: root.text
+            weight: Font.Medium
+            size: 16 * root.unit
+            color: Theme.notice
+            wrapMode: Text.Wrap
+        }
+    }
+}
