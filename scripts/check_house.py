@@ -38,7 +38,9 @@ PLACES = {
     "app/main.cpp": ["core", "app"],
     "app/simulate": [*BELOW_ENGINE, "app/engine", "app/platform/simulated"],
     "app/gallery": [*BELOW_ENGINE, "app/engine", "app/theme", "app/shell", "app/screens", "app/platform/simulated"],
-    "app/lock": [*BELOW_ENGINE, "app/engine", "app/platform/linux", "app/platform/posix"],
+    "app/composition": [*BELOW_ENGINE, "app/engine", "app/platform/linux", "app/platform/posix"],
+    "app/lock": [*BELOW_ENGINE, "app/engine", "app/composition", "app/platform/linux", "app/platform/posix"],
+    "app/program": ["core", "app"],
     # The platform folders see the seams they serve, never the engine and never each other.
     "app/platform/simulated": ["core", "app/seams", "app/strings"],
     "app/platform/posix": ["core", "app/seams", "app/strings"],
@@ -88,7 +90,7 @@ SYSTEM_MACROS = (
 # What must build where there is no toolkit.
 TOOLKIT_FREE = [
     "core", "app/seams", "app/strings", "app/phone", "app/theme", "app/engine", "app/platform/linux",
-    "app/platform/posix", "app/platform/simulated", "app/simulate",
+    "app/platform/posix", "app/platform/simulated", "app/simulate", "app/composition", "app/lock",
 ]
 TOOLKIT_HEADER = r"(?:Qt?[A-Z]\w*(?:/.+)?|q[a-z0-9_]+\.h)"
 

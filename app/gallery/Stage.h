@@ -29,6 +29,8 @@ struct Stage {
     void startSession(const Profile& profile, std::string_view intent);
     /// Brings an application to the front that the session does not allow, so that a warning is up where one counts.
     void push(std::string_view name);
+    /// Pairs a phone, which says hello and then no more.
+    void pairPhone();
     void advance(double seconds) { desktop.time.advance(seconds); }
 
     SimulatedDesktop desktop;

@@ -1,5 +1,6 @@
 #include "app/lock/LockProgram.h"
 
+#include "app/composition/OwnProcess.h"
 #include "app/engine/StateWriting.h"
 
 #include <array>
@@ -12,15 +13,6 @@
 namespace velmorin {
 
 namespace {
-
-/// A terminal can stop whoever it started, by a key or by being read in the background; and whoever reads the events
-/// may go. The session goes on. Handlers rather than ignoring, which the programs that this one starts would inherit.
-void ignoreStops() {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};
-    for (const int number : {SIGTSTP, SIGTTIN, SIGTTOU, SIGQUIT, SIGPIPE})
-        ::sigaction(number, &action, nullptr);
-}
 
 std::string identifier(const Workspace::Application& application) {
     return application ? application->bundleIdentifier().value_or("unknown") : "nobody";
@@ -95,7 +87,7 @@ void LockProgram::connect() {
     m_watches.push_back(m_seams.workspace.observeLaunches(telling("launched")));
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
         m_watches.push_back(m_seams.loop.watchSignal(number, [this] { askToQuit(); }));
-    ignoreStops();
+    OwnProcess::ignoreStops();
     m_commands = m_seams.loop.watchReadable(STDIN_FILENO, [this] {
         // At its end the session goes on.
         if (!readCommands(STDIN_FILENO, m_input)) m_commands.cancel();

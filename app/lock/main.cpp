@@ -1,13 +1,14 @@
 // velmorin-lock: a session on this desktop, without a window.
 
+#include "app/composition/LinuxInstance.h"
+#include "app/composition/LinuxSeams.h"
+#include "app/composition/OwnProcess.h"
 #include "app/engine/AppCatalog.h"
 #include "app/engine/StateWriting.h"
 #include "app/lock/LinePrinter.h"
-#include "app/lock/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/lock/LockProgram.h"
 #include "app/lock/ProfileReading.h"
-#include "app/platform/linux/services/SingleInstance.h"
 #include "core/foundation/JSONArguments.h"
 
 #include <cstdlib>
@@ -17,7 +18,6 @@
 #include <iterator>
 #include <optional>
 #include <string>
-#include <sys/prctl.h>
 #include <unistd.h>
 #include <vector>
 
@@ -73,9 +73,9 @@ void listCatalogue(const LinuxSeams& seams) {
 }
 
 /// A second start asks the first one to show itself, and ends.
-int handOver(const SingleInstance& instance, const LockOptions& options) {
+int handOver(const LinuxInstance& instance, const LockOptions& options) {
     if (options.launch.launchedByWatchdog) return EXIT_SUCCESS;
-    instance.askFirstToShow();
+    instance.askOtherToShow();
     std::cerr
         << "velmorin-lock: it runs already, and tells how it stands where it was started. To speak to it, write to\n"
            "the pipe \"commands\" in its store, as in: echo show > ~/.local/share/Velmorin/commands\n";
@@ -84,16 +84,12 @@ int handOver(const SingleInstance& instance, const LockOptions& options) {
 
 int hold(LinuxSeams& seams, const LockOptions& options, const std::optional<Profile>& profile) {
     const auto& directory = seams.directory;
-    // One on a store, and one for a user, whose watchdog is one as well.
-    SingleInstance ofStore{seams.loop, directory};
-    SingleInstance ofUser{seams.loop, seams.places.configuration / "Velmorin"};
-    for (const auto* instance : {&ofStore, &ofUser})
-        if (!instance->isFirst()) return handOver(*instance, options);
+    LinuxInstance instance{seams.loop, seams.places, directory};
+    if (!instance.isOnly()) return handOver(instance, options);
     if (::access(directory.c_str(), W_OK) != 0) throw MalformedInput{"nothing can be written to " + directory.string()};
     LinePrinter printer{STDOUT_FILENO};
     LockProgram program{seams, options, profile, [&printer](const std::string& line) { printer.print(line); }};
-    for (auto* instance : {&ofStore, &ofUser})
-        instance->onShow([&program] { program.show(); });
+    instance.onShow([&program] { program.show(); });
     return program.run();
 }
 
@@ -104,8 +100,7 @@ int run(const LockOptions& options) {
     }
     const auto profile = options.profile ? std::optional{readProfileFile(*options.profile)} : std::nullopt;
     const auto places = LinuxPlaces::ofThisProcess();
-    // By which the watchdog knows it, also where it was called through a link of another name.
-    ::prctl(PR_SET_NAME, places.program.filename().c_str());
+    OwnProcess::takeName(places);
     MainLoop loop;
     auto display = X11Connection::open(loop);
     if (!display) throw MalformedInput{"there is no X11 display to run a session on"};

@@ -1,6 +1,7 @@
 #include "app/shell/AppDelegate.h"
 
 #include "app/shell/SessionModel.h"
+#include "app/theme/ThemeColors.h"
 #include "core/language/Formatting.h"
 
 #include <string>
@@ -31,11 +32,11 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::makeParts() {
-    m_shell.setMainMenu(makeMainMenu());
+    setMainMenu();
     m_context.emplace(ShellContext{*m_data, *m_controller, m_seams.data.appearance, m_seams.data.clock,
                                    m_seams.data.timers, m_seams.controller.workspace, m_seams.installedApplications,
                                    m_seams.calendar, m_seams.controller.application.bundleIdentifier(),
-                                   m_seams.cautions});
+                                   m_seams.cautions, m_seams.browserSetup});
     m_statusItem = m_shell.makeStatusItem({m_lifetime.guard([this](Menu& menu) { menuNeedsUpdate(menu); }),
                                            m_lifetime.guard([this](MenuAction action) { perform(action); }),
                                            m_lifetime.guard([this] { openMainFromMenu(); })});
@@ -43,10 +44,12 @@ void AppDelegate::makeParts() {
 
     m_overlayWindows = m_shell.makeOverlayWindows(*m_context);
     m_quickThought = m_shell.makeQuickThoughtPanel(*m_context);
-    DesktopShell::Call writeThought;
-    if (m_quickThought) writeThought = m_lifetime.guard([this] { m_quickThought->show(); });
-    m_backdropWindows = m_shell.makeBackdropWindows(*m_context, writeThought);
-    m_floatingTimer = m_shell.makeFloatingTimer(*m_context, writeThought);
+    if (m_quickThought) {
+        m_context->writeThought = m_lifetime.guard([this] { m_quickThought->show(); });
+        m_context->thoughtKeys = m_seams.thoughtKeys;
+    }
+    m_backdropWindows = m_shell.makeBackdropWindows(*m_context);
+    m_floatingTimer = m_shell.makeFloatingTimer(*m_context);
     if (m_quickThought) m_shell.registerHotKey(m_lifetime.guard([this] { hotKeyPressed(); }));
 }
 
@@ -120,6 +123,10 @@ void AppDelegate::perform(MenuAction action) {
     case MenuAction::selectAll:
     case MenuAction::performClose: break;
     }
+}
+
+void AppDelegate::setMainMenu() {
+    m_shell.setMainMenu(makeMainMenu(), m_lifetime.guard([this](MenuAction action) { perform(action); }));
 }
 
 MainMenu AppDelegate::makeMainMenu() const {
@@ -223,7 +230,7 @@ void AppDelegate::showMainWindow() {
 }
 
 void AppDelegate::applyWindowAppearance() {
-    const bool isOnDark = isDark(*m_seams.data.appearance.theme());
+    const bool isOnDark = ThemeColors::of(*m_seams.data.appearance.theme()).isDark;
     m_shell.setAppearance(isOnDark ? DesktopShell::Appearance::dark : DesktopShell::Appearance::light);
 }
 
@@ -232,7 +239,7 @@ void AppDelegate::languageMayHaveChanged() {
     applyWindowAppearance();
     if (!m_statusItem) return;
     if (m_mainWindow) m_mainWindow->setTitle(strings().appName);
-    m_shell.setMainMenu(makeMainMenu());
+    setMainMenu();
     m_statusItem->setDescription(strings().appName);
     refreshStatusItem();
 }

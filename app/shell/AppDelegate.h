@@ -4,15 +4,18 @@
 #include "app/engine/LaunchOptions.h"
 #include "app/engine/Lifecycle.h"
 #include "app/engine/SessionController.h"
+#include "app/seams/BrowserSetup.h"
 #include "app/seams/InstalledApplications.h"
 #include "app/seams/Lifetime.h"
 #include "app/shell/DesktopShell.h"
 #include "app/shell/ShellContext.h"
+#include "core/language/AppLanguage.h"
 #include "core/store/Files.h"
 
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 namespace velmorin {
 
@@ -29,6 +32,9 @@ public:
         InstalledApplications& installedApplications;
         Calendar calendar;
         PlatformCautions cautions;
+        BrowserSetup* browserSetup = nullptr; ///< null where nothing has to be added to a browser
+        /// How Control-Alt-T is written in a language; absent where there is no such key.
+        std::string_view (*thoughtKeys)(AppLanguage) = nullptr;
     };
     enum class TerminateReply { now, cancel };
 
@@ -65,6 +71,7 @@ public:
 
 private:
     void makeParts();
+    void setMainMenu();
     void connectCallbacks();
     void settleAfterLaunch();
 

@@ -23,7 +23,8 @@ public:
 
     /// How the desktop shall draw what it adds to our windows.
     virtual void setAppearance(Appearance appearance) = 0;
-    virtual void setMainMenu(const MainMenu& menu) = 0;
+    /// `chosen` gets what is not for whoever has the keyboard.
+    virtual void setMainMenu(const MainMenu& menu, std::function<void(MenuAction)> chosen) = 0;
     /// Whether the program stands among the running applications of the desktop; a process starts as `accessory`, which
     /// does not.
     virtual ActivationPolicy activationPolicy() const = 0;
@@ -34,13 +35,12 @@ public:
 
     virtual std::unique_ptr<StatusItem> makeStatusItem(StatusItem::Calls calls) = 0;
     virtual std::unique_ptr<OverlayCover> makeOverlayWindows(ShellContext& context) = 0;
-    /// `onWriteThought` is empty where there is no `QuickThought`.
-    virtual std::unique_ptr<BackdropCover> makeBackdropWindows(ShellContext& context, Call onWriteThought) = 0;
+    virtual std::unique_ptr<BackdropCover> makeBackdropWindows(ShellContext& context) = 0;
     virtual std::unique_ptr<MainWindow> makeMainWindow(ShellContext& context) = 0;
     /// Null where the program has none.
     virtual std::unique_ptr<QuickThought> makeQuickThoughtPanel(ShellContext& context) = 0;
-    /// Null where the program has none. `onPark` is empty where there is no `QuickThought`.
-    virtual std::unique_ptr<FloatingTimer> makeFloatingTimer(ShellContext& context, Call onPark) = 0;
+    /// Null where the program has none.
+    virtual std::unique_ptr<FloatingTimer> makeFloatingTimer(ShellContext& context) = 0;
 };
 
 } // namespace velmorin

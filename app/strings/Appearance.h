@@ -26,6 +26,8 @@ public:
     /// All texts of the present language.
     const AppStrings& strings() const { return m_texts(*m_language); }
 
+    /// Gives the texts of another system from now on. To be called before anything is shown.
+    void setTexts(Texts texts) { m_texts = texts; }
     /// Takes language and theme over from the settings; what stays the same wakes nobody.
     void apply(const AppSettings& settings);
     /// What the desktop says of its user's wish.

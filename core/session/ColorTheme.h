@@ -12,9 +12,4 @@ constexpr std::array<std::string_view, 3> rawValues(ColorTheme) {
     return {"dusk", "dawn", "aurora"};
 }
 
-/// Whether light text stands on a dark ground.
-constexpr bool isDark(ColorTheme theme) {
-    return theme != ColorTheme::dawn;
-}
-
 } // namespace velmorin

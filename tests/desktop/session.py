@@ -58,20 +58,58 @@ class Windows:
         return wait_until(lambda: self.named(text))
 
 
-class Lock:
+def install(desktop, programs, name, own_name):
+    """Copies a program and its companions to a desktop, and gives where the copy lies."""
+    folder = desktop.folder / "bin"
+    folder.mkdir()
+    for companion in COMPANIONS:
+        if (Path(programs) / companion).exists():
+            shutil.copy(Path(programs) / companion, folder / companion)
+    return Path(shutil.copy(Path(programs) / name, folder / own_name))
+
+
+class Store:
+    """What a program of ours keeps in the folder `home`."""
+
+    def log(self):
+        path = self.home / "events.log"
+        return path.read_text() if path.exists() else ""
+
+    @property
+    def session_file(self):
+        return self.home / "active-session.json"
+
+    def stored(self):
+        return json.loads(self.session_file.read_text())
+
+    def history(self):
+        path = self.home / "history.json"
+        return json.loads(path.read_text()) if path.exists() else []
+
+    def leave_session(self, seconds, allowed, domains=()):
+        """Leaves a session behind, as a process that was killed does; it has so many seconds to go."""
+        self.home.mkdir(parents=True, exist_ok=True)
+        self.session_file.write_text(json.dumps({
+            "id": str(uuid.uuid4()).upper(), "profileName": "Left", "mode": "deep", "intent": "", "startedAt": now(),
+            "segments": [{"kind": "work", "duration": seconds}], "allowedBundleIDs": list(allowed),
+            "allowedDomains": list(domains), "attempts": 0, "returns": 0, "hiddenBundleIDs": [],
+        }))
+
+    def shorten(self, seconds):
+        """Lets the session that a killed process left behind end so soon."""
+        session = self.stored()
+        session["segments"] = [{"kind": "work", "duration": now() - session["startedAt"] + seconds}]
+        self.session_file.write_text(json.dumps(session))
+
+
+class Lock(Store):
     """A running velmorin-lock, its events and its store."""
 
     def __init__(self, desktop, programs, *, environment=None):
         self.desktop = desktop
         self.home = desktop.home / "store"
         # The watchdog goes by the name of the program, so each desktop has a name of its own.
-        self.folder = desktop.folder / "bin"
-        self.program = self.folder / f"lock-{uuid.uuid4().hex[:8]}"
-        self.folder.mkdir()
-        for name in COMPANIONS:
-            if (Path(programs) / name).exists():
-                shutil.copy(Path(programs) / name, self.folder / name)
-        shutil.copy(Path(programs) / "velmorin-lock", self.program)
+        self.program = install(desktop, programs, "velmorin-lock", f"lock-{uuid.uuid4().hex[:8]}")
         self.environment = environment or {}
         self.events = []
         self._fresh = queue.Queue()
@@ -138,38 +176,6 @@ class Lock:
             event for event in self.collect()
             if event["event"] == name and all(event.get(key) == value for key, value in members.items())
         ]
-
-    def log(self):
-        path = self.home / "events.log"
-        return path.read_text() if path.exists() else ""
-
-    # --- Its store ----------------------------------------------------------------------------------------------
-
-    @property
-    def session_file(self):
-        return self.home / "active-session.json"
-
-    def stored(self):
-        return json.loads(self.session_file.read_text())
-
-    def history(self):
-        path = self.home / "history.json"
-        return json.loads(path.read_text()) if path.exists() else []
-
-    def leave_session(self, seconds, allowed, domains=()):
-        """Leaves a session behind, as a process that was killed does; it has so many seconds to go."""
-        self.home.mkdir(parents=True, exist_ok=True)
-        self.session_file.write_text(json.dumps({
-            "id": str(uuid.uuid4()).upper(), "profileName": "Left", "mode": "deep", "intent": "", "startedAt": now(),
-            "segments": [{"kind": "work", "duration": seconds}], "allowedBundleIDs": list(allowed),
-            "allowedDomains": list(domains), "attempts": 0, "returns": 0, "hiddenBundleIDs": [],
-        }))
-
-    def shorten(self, seconds):
-        """Lets the session that a killed process left behind end so soon."""
-        session = self.stored()
-        session["segments"] = [{"kind": "work", "duration": now() - session["startedAt"] + seconds}]
-        self.session_file.write_text(json.dumps(session))
 
 
 def profile(allowed, domains=(), minutes=10):

@@ -122,8 +122,8 @@ TEST_F(AppDelegateLaunchTest, withoutAQuickThoughtPanelThereIsNoHotKey) {
     shell.hasFloatingTimer = false;
     launchProgram();
     EXPECT_FALSE(shell.hotKey);
-    EXPECT_FALSE(shell.onWriteThought);
-    EXPECT_FALSE(shell.onPark);
+    EXPECT_FALSE(shell.context->writeThought);
+    EXPECT_FALSE(shell.context->thoughtKeys);
     startSession();
     advance(5);
     EXPECT_EQ(shell.item.title.front(), ' ');

@@ -43,7 +43,8 @@ TEST_F(AppDelegateSessionTest, aRequestToQuitDuringASessionShowsTheMainWindowAnd
     startSession();
     for (const auto action : {MenuAction::terminate, MenuAction::quitFromMenu}) {
         shell.closeWindow();
-        choose(action);
+        action == MenuAction::terminate ? shell.onMainMenu(action) : choose(action);
+        settle();
         EXPECT_FALSE(hasEnded());
         EXPECT_TRUE(shell.window.isVisible);
     }
@@ -309,12 +310,11 @@ TEST_F(AppDelegateSessionTest, theHotKeyOpensNothingUnderAnyOverlay) {
     EXPECT_EQ(shell.thoughtsShown, 1);
 }
 
-TEST_F(AppDelegateSessionTest, backdropAndTimerOpenTheQuickThought) {
+TEST_F(AppDelegateSessionTest, screensOpenTheQuickThoughtAndNameItsKeys) {
     launchProgram();
-    shell.onWriteThought();
+    shell.context->writeThought();
     EXPECT_EQ(shell.thoughtsShown, 1);
-    shell.onPark();
-    EXPECT_EQ(shell.thoughtsShown, 2);
+    EXPECT_EQ(shell.context->thoughtKeys(AppLanguage::english), "Ctrl+Alt+T");
 }
 
 // --- The phone
@@ -359,7 +359,7 @@ TEST_F(AppDelegateSessionTest, whatIsCalledAfterItsEndDoesNothing) {
     launchProgram();
     const auto calls = shell.item.calls;
     const auto hotKey = shell.hotKey;
-    const auto writeThought = shell.onWriteThought;
+    const auto writeThought = shell.context->writeThought;
     killProgram();
     calls.pressed();
     calls.chosen(MenuAction::quitFromMenu);

@@ -37,6 +37,8 @@ void AppDelegateTest::launchProgram(LaunchedBy by) {
         machine.installedApplications,
         *Calendar::inTimeZone("UTC"),
         {},
+        nullptr,
+        [](AppLanguage) -> std::string_view { return "Ctrl+Alt+T"; },
     };
     options.launchedByWatchdog = by == LaunchedBy::watchdog;
     m_program = std::make_unique<AppDelegate>(options, std::move(seams), shell);

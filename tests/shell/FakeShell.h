@@ -33,6 +33,7 @@ public:
     std::vector<std::string> steps;
     std::optional<Appearance> appearance;
     MainMenu mainMenu;
+    std::function<void(MenuAction)> onMainMenu;
     ActivationPolicy policy = ActivationPolicy::accessory;
     Call hotKey;
     Item item;
@@ -41,8 +42,6 @@ public:
     bool isTimerShown = false;
     int thoughtsShown = 0;
     BackdropCover* backdrop = nullptr;
-    Call onWriteThought;
-    Call onPark;
     ShellContext* context = nullptr;
 
     void step(std::string text) { steps.push_back(std::move(text)); }
@@ -53,8 +52,9 @@ public:
         appearance = value;
         step(value == Appearance::dark ? "appearance dark" : "appearance light");
     }
-    void setMainMenu(const MainMenu& menu) override {
+    void setMainMenu(const MainMenu& menu, std::function<void(MenuAction)> chosen) override {
         mainMenu = menu;
+        onMainMenu = std::move(chosen);
         step("main menu");
     }
     ActivationPolicy activationPolicy() const override { return policy; }
@@ -76,8 +76,7 @@ public:
         step("overlay windows");
         return std::make_unique<FakeOverlay>(*this);
     }
-    std::unique_ptr<BackdropCover> makeBackdropWindows(ShellContext&, Call call) override {
-        onWriteThought = std::move(call);
+    std::unique_ptr<BackdropCover> makeBackdropWindows(ShellContext&) override {
         step("backdrop windows");
         auto made = std::make_unique<FakeBackdrop>(*this);
         backdrop = made.get();
@@ -92,8 +91,7 @@ public:
         step("quick thought");
         return std::make_unique<FakeQuickThought>(thoughtsShown);
     }
-    std::unique_ptr<FloatingTimer> makeFloatingTimer(ShellContext&, Call call) override {
-        onPark = std::move(call);
+    std::unique_ptr<FloatingTimer> makeFloatingTimer(ShellContext&) override {
         if (!hasFloatingTimer) return nullptr;
         step("floating timer");
         return std::make_unique<FakeTimer>(*this);

@@ -1,5 +1,7 @@
 #include "app/strings/Appearance.h"
 
+#include "app/strings/LinuxStrings.h"
+
 #include <gmock/gmock.h>
 #include <vector>
 
@@ -29,6 +31,13 @@ TEST_F(AppearanceTest, startsInPersianAndDusk) {
     EXPECT_EQ(*appearance.language(), AppLanguage::persian);
     EXPECT_EQ(*appearance.theme(), ColorTheme::dusk);
     EXPECT_EQ(&appearance.strings(), &AppStrings::persian);
+}
+
+TEST_F(AppearanceTest, givesTheTextsOfTheSystemItWasTold) {
+    appearance.setTexts(&LinuxStrings::of);
+    EXPECT_EQ(&appearance.strings(), &LinuxStrings::of(AppLanguage::persian));
+    appearance.apply(settings(AppLanguage::german, ColorTheme::dusk));
+    EXPECT_EQ(&appearance.strings(), &LinuxStrings::of(AppLanguage::german));
 }
 
 TEST_F(AppearanceTest, defaultSettingsWakeNobody) {

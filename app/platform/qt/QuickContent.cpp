@@ -4,20 +4,24 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QUrl>
 #include <memory>
 #include <utility>
 
 namespace velmorin {
 
 QuickContent::QuickContent(QQmlEngine& engine, const QUrl& component, Properties properties)
-    : m_component{&engine, component, QQmlComponent::PreferSynchronous}, m_properties{std::move(properties)} {}
+    : m_engine{engine}, m_source{component}, m_properties{std::move(properties)} {}
+
+void QuickContent::prepare() {
+    if (!m_component) m_component.emplace(&m_engine, m_source, QQmlComponent::PreferSynchronous);
+}
 
 void QuickContent::fill(QQuickWindow& window, const CoverContent& content) {
-    std::unique_ptr<QObject> made{m_component.createWithInitialProperties(m_properties(content))};
+    prepare();
+    std::unique_ptr<QObject> made{m_component->createWithInitialProperties(m_properties(content))};
     auto* const item = qobject_cast<QQuickItem*>(made.get());
     if (item == nullptr) {
-        qWarning() << m_component.errors();
+        qWarning() << m_component->errors();
         return;
     }
     made.release();

@@ -3,17 +3,18 @@
 #include "app/seams/CoverWindow.h"
 
 #include <QQmlComponent>
+#include <QUrl>
 #include <QVariantMap>
 #include <functional>
+#include <optional>
 
 class QQmlEngine;
 class QQuickItem;
 class QQuickWindow;
-class QUrl;
 
 namespace velmorin {
 
-/// What cover windows show: a component of QML, compiled once. Main thread.
+/// What cover windows show: a component of QML, compiled once, when it is first needed. Main thread.
 class QuickContent {
 public:
     /// The values of the component's own properties, its required ones among them.
@@ -22,12 +23,16 @@ public:
     /// The engine must outlive this.
     QuickContent(QQmlEngine& engine, const QUrl& component, Properties properties);
 
+    /// Compiles the component now, so that the first window need not wait for it.
+    void prepare();
     /// Makes the content of a window, which it fills. A component that does not load leaves the window empty, and the
     /// log says why.
     void fill(QQuickWindow& window, const CoverContent& content);
 
 private:
-    QQmlComponent m_component;
+    QQmlEngine& m_engine;
+    QUrl m_source;
+    std::optional<QQmlComponent> m_component;
     Properties m_properties;
 };
 

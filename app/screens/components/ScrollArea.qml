@@ -34,7 +34,7 @@ Flickable {
     /// At once, and again when what has just been made has found its place.
     function revealNowAndThen() {
         reveal();
-        Qt.callLater(root.reveal);
+        Qt.callLater(root.reveal); // qmllint disable
     }
 
     contentWidth: width

@@ -28,6 +28,8 @@ Rectangle {
     implicitHeight: row.implicitHeight + 8
     radius: 14
     color: Theme.raised
+    border.width: 1
+    border.color: Theme.line
     Accessible.role: Accessible.Grouping
 
     RowLayout {

@@ -20,7 +20,7 @@ Rectangle {
         width: 20
         height: 20
         radius: 10
-        color: root.isOn ? Theme.onAccent : Theme.ink
+        color: root.isOn ? Theme.onAccent : Theme.muted
 
         Behavior on x {
             enabled: !Theme.reducesMotion

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/composition/LinuxPlaces.h"
 #include "app/platform/linux/applications/ApplicationIdentities.h"
 #include "app/platform/linux/applications/ApplicationLauncher.h"
 #include "app/platform/linux/applications/DesktopEntries.h"
@@ -24,27 +25,8 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <string>
 
 namespace velmorin {
-
-/// Where things lie for this user and this program. All paths are absolute; an empty one is not there.
-struct LinuxPlaces {
-    std::filesystem::path program;       ///< the executable itself
-    std::filesystem::path data;          ///< $XDG_DATA_HOME
-    std::filesystem::path configuration; ///< $XDG_CONFIG_HOME
-    std::filesystem::path runtime;       ///< $XDG_RUNTIME_DIR
-
-    static LinuxPlaces ofThisProcess();
-
-    /// A program of ours: beside this one, as in a build tree, or where the installation puts what nobody calls by
-    /// hand.
-    std::filesystem::path companion(const std::string& name) const;
-    /// A folder of what comes with the program: the source tree's for one that was built there, else the installed one.
-    std::filesystem::path resources(const std::string& name) const;
-    /// The folder of the extension for browsers: the installed one, else the build tree's.
-    std::filesystem::path browserExtension() const;
-};
 
 /// Every seam of the engine on a Linux desktop, made in the order in which they need each other. Main thread.
 struct LinuxSeams {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "app/composition/LinuxPlaces.h"
+
+/// What a program that holds a session does to its own process. Main thread.
+namespace velmorin::OwnProcess {
+
+/// Gives it the name of its executable, by which the watchdog knows it, also where it was called through a link of
+/// another name.
+void takeName(const LinuxPlaces& places);
+
+/// Lets the session go on where a terminal would stop the process, by a key or because it works in the background, and
+/// where nobody reads any more what it prints. What it starts is not affected.
+void ignoreStops();
+
+} // namespace velmorin::OwnProcess

@@ -1,0 +1,109 @@
+#include "app/platform/qt/XcbFrame.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string_view>
+#include <vector>
+#include <xcb/xcb.h>
+
+namespace velmorin::XcbFrame {
+
+namespace {
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <class T>
+using Reply = std::unique_ptr<T, FreeReply>;
+
+/// A window as the server has it, on the toolkit's own connection: so the server hears of things in their order.
+struct Native {
+    explicit Native(const QWindow& window) {
+        const auto* application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+        if (application == nullptr || window.handle() == nullptr) return;
+        connection = application->connection();
+        number = static_cast<xcb_window_t>(window.winId());
+    }
+    explicit operator bool() const { return connection != nullptr; }
+
+    xcb_atom_t atom(std::string_view name) const {
+        const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+        const Reply<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection, cookie, nullptr)};
+        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    }
+    std::vector<xcb_atom_t> atoms(xcb_atom_t property) const {
+        constexpr std::uint32_t most = 64;
+        const auto cookie = xcb_get_property(connection, 0, number, property, XCB_ATOM_ATOM, 0, most);
+        const Reply<xcb_get_property_reply_t> reply{xcb_get_property_reply(connection, cookie, nullptr)};
+        if (!reply || reply->format != 32) return {};
+        const auto* first = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get()));
+        return {first, first + xcb_get_property_value_length(reply.get()) / 4};
+    }
+    void set(xcb_atom_t property, xcb_atom_t type, const QByteArray& text) const {
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, number, property, type, 8,
+                            static_cast<std::uint32_t>(text.size()), text.constData());
+    }
+    /// Asks the window manager for something concerning the window.
+    void ask(std::string_view message, const std::array<std::uint32_t, 5>& words) const {
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = number;
+        event.type = atom(message);
+        std::memcpy(event.data.data32, words.data(), sizeof event.data.data32);
+        std::array<char, sizeof event> bytes{};
+        std::memcpy(bytes.data(), &event, sizeof event);
+        const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+        constexpr std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
+        xcb_send_event(connection, 0, root, mask, bytes.data());
+        xcb_flush(connection);
+    }
+
+    xcb_connection_t* connection = nullptr;
+    xcb_window_t number = XCB_WINDOW_NONE;
+};
+
+constexpr std::uint32_t fromTaskbar = 2; // who asks the window manager: the user's own tool
+
+} // namespace
+
+void setClass(QWindow& window, const QByteArray& name) {
+    const Native native{window};
+    const auto end = QByteArray{1, '\0'};
+    if (native) native.set(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, name + end + name + end);
+}
+
+void setDark(QWindow& window, bool isDark) {
+    const Native native{window};
+    if (native) native.set(native.atom("_GTK_THEME_VARIANT"), native.atom("UTF8_STRING"), isDark ? "dark" : "light");
+}
+
+void setSkipsTaskbar(QWindow& window, bool skips) {
+    const Native native{window};
+    if (!native) return;
+    const auto taskbar = native.atom("_NET_WM_STATE_SKIP_TASKBAR");
+    const auto pager = native.atom("_NET_WM_STATE_SKIP_PAGER");
+    // A window that is on the screen belongs to its manager, which keeps its state.
+    if (window.isVisible()) {
+        native.ask("_NET_WM_STATE", {skips ? 1U : 0U, taskbar, pager, fromTaskbar, 0});
+        return;
+    }
+    const auto property = native.atom("_NET_WM_STATE");
+    auto states = native.atoms(property);
+    std::erase_if(states, [&](xcb_atom_t state) { return state == taskbar || state == pager; });
+    if (skips) states.insert(states.end(), {taskbar, pager});
+    xcb_change_property(native.connection, XCB_PROP_MODE_REPLACE, native.number, property, XCB_ATOM_ATOM, 32,
+                        static_cast<std::uint32_t>(states.size()), states.data());
+}
+
+void activate(QWindow& window) {
+    const Native native{window};
+    if (native) native.ask("_NET_ACTIVE_WINDOW", {fromTaskbar, XCB_CURRENT_TIME, 0, 0, 0});
+}
+
+} // namespace velmorin::XcbFrame

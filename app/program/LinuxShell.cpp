@@ -1,0 +1,142 @@
+#include "app/program/LinuxShell.h"
+
+#include "app/platform/qt/TrayStatusItem.h"
+#include "app/shell/BackdropWindows.h"
+#include "app/shell/OverlayWindows.h"
+#include "core/language/AppLanguage.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QUrl>
+#include <QVariant>
+#include <utility>
+
+namespace velmorin {
+
+namespace {
+
+QUrl screen(const char* name) {
+    return QUrl{QStringLiteral("qrc:/qt/qml/Velmorin/Screens/%1.qml").arg(QLatin1String{name})};
+}
+
+/// The program's icon in every size that lies there; else the mark that the program carries.
+QIcon icon(const std::filesystem::path& folder) {
+    QIcon made;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128}) {
+        const auto file = QString::fromStdString((folder / (std::to_string(size) + ".png")).string());
+        made.addFile(file, QSize{size, size});
+    }
+    return made.availableSizes().isEmpty() ? QIcon{QStringLiteral(":/qt/qml/Velmorin/Controls/AppMark.png")} : made;
+}
+
+} // namespace
+
+LinuxShell::LinuxShell(Seams seams)
+    : m_seams{std::move(seams)},
+      m_statusBar{m_seams.loop, m_seams.connection},
+      m_layers{m_seams.connection, m_seams.timers},
+      m_screens{m_layers, m_seams.timers},
+      m_motion{m_seams.appearance},
+      m_overlayContent{m_engine, screen("OverlayView"),
+                       [this](const CoverContent& content) {
+                           return QVariantMap{{"session", QVariant::fromValue(&*m_session)},
+                                              {"isPrimary", content.isPrimary},
+                                              {"unit", content.unit}};
+                       }},
+      m_backdropContent{m_engine, screen("BackdropView"),
+                        [this](const CoverContent& content) {
+                            return QVariantMap{{"session", QVariant::fromValue(&*m_session)}, {"unit", content.unit}};
+                        }},
+      m_shields{m_overlayContent, m_layers, m_seams.timers},
+      m_backdrops{m_backdropContent, m_layers, m_seams.timers} {
+    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QGuiApplication::setWindowIcon(icon(m_seams.icons));
+    m_languageWatch = m_seams.appearance.language().watch([this] { applyDirection(); });
+    applyDirection();
+}
+
+LinuxShell::~LinuxShell() = default;
+
+/// Of menus; the windows see to theirs.
+void LinuxShell::applyDirection() {
+    const bool isMirrored = isRightToLeft(*m_seams.appearance.language());
+    QGuiApplication::setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
+/// The main window, which this follows as long as it is there.
+class LinuxShell::Window final : public MainWindow {
+public:
+    Window(LinuxShell& shell, const QuickMainWindow::Content& content)
+        : m_shell{shell}, m_window{shell.m_engine, content, shell.m_seams.applicationID} {
+        m_shell.m_window = &m_window;
+    }
+    ~Window() override { m_shell.m_window = nullptr; }
+
+    void makeKeyAndOrderFront() override { m_window.makeKeyAndOrderFront(); }
+    void orderOut() override { m_window.orderOut(); }
+    bool isVisible() const override { return m_window.isVisible(); }
+    void setTitle(std::string_view title) override { m_window.setTitle(title); }
+
+private:
+    LinuxShell& m_shell;
+    QuickMainWindow m_window;
+};
+
+void LinuxShell::setAppearance(Appearance appearance) {
+    m_appearance = appearance;
+    if (m_window != nullptr) m_window->setDark(appearance == Appearance::dark);
+}
+
+void LinuxShell::setMainMenu(const MainMenu& menu, std::function<void(MenuAction)> chosen) {
+    m_menu = menu;
+    m_chosen = std::move(chosen);
+    if (m_window != nullptr) m_window->setMenu(m_menu, m_chosen);
+}
+
+void LinuxShell::setActivationPolicy(ActivationPolicy policy) {
+    m_policy = policy;
+    if (m_window != nullptr) m_window->setSkipsTaskbar(policy != ActivationPolicy::regular);
+}
+
+void LinuxShell::registerHotKey(Call pressed) {
+    m_hotKey.emplace(m_seams.connection, std::move(pressed));
+}
+
+std::unique_ptr<StatusItem> LinuxShell::makeStatusItem(StatusItem::Calls calls) {
+    return std::make_unique<TrayStatusItem>(m_statusBar, QGuiApplication::windowIcon(), std::move(calls));
+}
+
+std::unique_ptr<OverlayCover> LinuxShell::makeOverlayWindows(ShellContext& context) {
+    session(context);
+    m_sessionWatch = context.controller.session().watch([this, &context] {
+        if (!context.controller.isActive()) return;
+        // The first warning must not wait for its screen to be read.
+        constexpr double atRest = 2; // seconds after the start of a session, when all else is done
+        m_preparing = m_seams.timers.after(atRest, [this] { m_overlayContent.prepare(); });
+    });
+    return std::make_unique<OverlayWindows>(
+        OverlayWindows::Seams{m_screens, m_shields, m_shields, m_motion, m_seams.timers});
+}
+
+std::unique_ptr<BackdropCover> LinuxShell::makeBackdropWindows(ShellContext& context) {
+    session(context);
+    return std::make_unique<BackdropWindows>(BackdropWindows::Seams{m_screens, m_backdrops, m_motion, context.data});
+}
+
+std::unique_ptr<MainWindow> LinuxShell::makeMainWindow(ShellContext& context) {
+    m_main.emplace(context);
+    const QVariantMap properties{{"session", QVariant::fromValue(&session(context))},
+                                 {"model", QVariant::fromValue(&*m_main)}};
+    auto window = std::make_unique<Window>(*this, QuickMainWindow::Content{screen("MainView"), properties});
+    setAppearance(m_appearance);
+    setMainMenu(m_menu, m_chosen);
+    setActivationPolicy(m_policy);
+    return window;
+}
+
+SessionModel& LinuxShell::session(ShellContext& context) {
+    if (!m_session) m_session.emplace(context);
+    return *m_session;
+}
+
+} // namespace velmorin
