@@ -11,6 +11,8 @@ FocusScope {
 
     property alias text: edit.text
     property string placeholder
+    /// What a screen reader calls it.
+    property string accessibleName: placeholder
     /// The height of the type in pixels.
     property real size: 16
     property alias weight: edit.weight
@@ -93,7 +95,7 @@ FocusScope {
         horizontalAlignment: root.runsLeftToRight ? TextEdit.AlignLeft : TextEdit.AlignRight
 
         Accessible.role: Accessible.EditableText
-        Accessible.name: root.placeholder
+        Accessible.name: root.accessibleName
 
         onEffectiveHorizontalAlignmentChanged: direction.apply()
         onTextChanged: {
