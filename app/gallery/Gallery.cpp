@@ -36,6 +36,7 @@ QImage Gallery::picture(const PictureScene& scene, AppLanguage language, ColorTh
     if (scene.setUp) scene.setUp(stage);
     QVariantMap properties = scene.properties;
     properties.insert(QStringLiteral("session"), QVariant::fromValue(&stage.session));
+    if (scene.models) properties.insert(scene.models(stage));
     AnimationClock animations;
     animations.install();
     QImage taken;

@@ -94,6 +94,13 @@ void finish(Stage& stage, SessionMode mode, std::int64_t returns) {
     stage.controller.setOverlay(Overlay::Finished{record});
 }
 
+void workWithLostPhone(Stage& stage) {
+    stage.pairPhone();
+    work(stage);
+    stage.data.phoneLink().sendStart(**stage.controller.session());
+    stage.advance(60);
+}
+
 void writeFromBackdrop(Stage& stage) {
     stage.context.writeThought = [] {};
     work(stage);
@@ -153,6 +160,7 @@ std::vector<PictureScene> overlayScenes() {
         backdrop("backdrop", work),
         backdrop("backdrop-thought", writeFromBackdrop),
         backdrop("backdrop-rest", rest),
+        backdrop("backdrop-phone", workWithLostPhone),
         backdrop("backdrop-long-small", workLong, small),
         backdrop("backdrop-large", writeFromBackdrop, large),
     };

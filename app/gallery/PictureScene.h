@@ -19,8 +19,12 @@ struct PictureScene {
     std::function<void(Stage&)> setUp;         ///< brings the engine there, in the language of the picture
     QVariantMap properties = {};               ///< what the component needs besides
     std::function<void(ScreenView&)> act = {}; ///< what the user has done; may be missing
+    /// What the component needs of the stage besides; may be missing.
+    std::function<QVariantMap(Stage&)> models = {};
 };
 
+/// The main window: its pages, and the sheet of applications.
+std::vector<PictureScene> mainScenes();
 /// The overlay's screens and the backdrop.
 std::vector<PictureScene> overlayScenes();
 

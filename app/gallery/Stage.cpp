@@ -1,6 +1,7 @@
 #include "app/gallery/Stage.h"
 
 #include "app/strings/LinuxStrings.h"
+#include "core/phone/PhoneWire.h"
 
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@ namespace velmorin {
 namespace {
 
 constexpr std::int32_t editor = 10;
+constexpr std::size_t nonceLength = 12;
 constexpr const char* editorID = "org.example.editor";
 
 } // namespace
@@ -33,7 +35,8 @@ Stage::Stage(Files& files, std::filesystem::path directory, Date start)
               Calendar::inTimeZone("UTC").value(),
               application.bundleIdentifier(),
               {}},
-      session{context} {
+      session{context},
+      main{context} {
     context.thoughtKeys = &LinuxStrings::thoughtKeys;
     Appearance::shared().apply(*data.settings());
     desktop.workspace.add({editor, editorID, "Editor"});
@@ -64,6 +67,17 @@ void Stage::push(std::string_view name) {
     const std::int32_t pid = workspace.unusedPID();
     workspace.add({pid, "org.example.other" + std::to_string(pid), std::string{name}});
     workspace.activate(pid);
+    desktop.time.settle();
+}
+
+void Stage::pairPhone() {
+    data.phoneLink().beginPairing();
+    desktop.time.settle();
+    const PhonePairing pairing = data.phoneLink().pairing().value();
+    constexpr std::string_view hello = R"({"v":1,"type":"hello"})";
+    const Bytes plaintext{hello.begin(), hello.end()};
+    const auto sealed = PhoneWire::seal(plaintext, pairing.key, PhoneWire::status, desktop.random.bytes(nonceLength));
+    desktop.relay.publish(pairing.statusTopic(), sealed.value());
     desktop.time.settle();
 }
 

@@ -4,6 +4,7 @@
 #include "app/engine/SessionController.h"
 #include "app/platform/simulated/SimulatedApplication.h"
 #include "app/platform/simulated/SimulatedDesktop.h"
+#include "app/shell/MainModel.h"
 #include "app/shell/SessionModel.h"
 #include "app/shell/ShellContext.h"
 
@@ -28,6 +29,8 @@ struct Stage {
     void startSession(const Profile& profile, std::string_view intent);
     /// Brings an application to the front that the session does not allow, so that a warning is up where one counts.
     void push(std::string_view name);
+    /// Pairs a phone, which says hello and then no more.
+    void pairPhone();
     void advance(double seconds) { desktop.time.advance(seconds); }
 
     SimulatedDesktop desktop;
@@ -36,6 +39,7 @@ struct Stage {
     SessionController controller;
     ShellContext context;
     SessionModel session;
+    MainModel main;
 };
 
 } // namespace velmorin

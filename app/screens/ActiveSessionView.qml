@@ -24,7 +24,7 @@ ScrollArea {
             Layout.margins: 18
             session: root.session
             unit: 1
-            shown: root.Window.visibility !== Window.Hidden
+            shown: root.Window.visibility !== Window.Hidden && root.Window.visibility !== Window.Minimized
             category: root.session.isWork ? QuoteTask.Urge : QuoteTask.Rest
             alternate: root.session.isWork ? QuoteTask.Returning : QuoteTask.None
             rotateEvery: 60

@@ -28,10 +28,23 @@ ListView {
     Keys.onReturnPressed: turn()
     Keys.onEnterPressed: turn()
 
+    Rectangle {
+        parent: root
+        anchors.right: parent.right
+        y: root.visibleArea.yPosition * root.height
+        width: 5
+        height: Math.max(root.visibleArea.heightRatio * root.height, 24)
+        radius: 2.5
+        visible: root.visibleArea.heightRatio < 1
+        color: Theme.muted
+        opacity: 0.5
+    }
+
     delegate: AppRow {
         required property int index
 
         width: root.width
+        height: implicitHeight
         isCurrent: ListView.isCurrentItem && root.activeFocus
         onTurned: isOn => {
             root.currentIndex = index;

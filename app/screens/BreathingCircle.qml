@@ -40,6 +40,7 @@ Item {
     }
 
     BreathingDisc {
+        objectName: "disc"
         anchors.centerIn: parent
         width: 72 * root.unit
         height: width

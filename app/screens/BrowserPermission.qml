@@ -1,26 +1,28 @@
 import QtQuick
-import QtQuick.Layouts
 import Velmorin.Shell
 import Velmorin.Controls
 
 /// Whether one browser can be read, and how to come there.
-ColumnLayout {
+Column {
     id: root
 
     required property BrowserRow row
 
     spacing: 10
 
-    RowLayout {
-        Layout.fillWidth: true
+    Row {
+        width: parent.width
         spacing: 14
 
         SoftButton {
+            id: check
+
             text: root.row.checkText
             onClicked: root.row.check()
         }
 
         QuietLink {
+            height: check.height
             visible: text !== ""
             text: root.row.setUpText
             onClicked: root.row.setUp()
@@ -28,7 +30,7 @@ ColumnLayout {
     }
 
     AppText {
-        Layout.fillWidth: true
+        width: parent.width
         visible: text !== ""
         text: root.row.message
         size: 14
@@ -37,36 +39,32 @@ ColumnLayout {
         Accessible.name: text
     }
 
-    ColumnLayout {
-        Layout.fillWidth: true
-        visible: root.row.steps.length > 0
-        spacing: 6
+    Repeater {
+        model: root.row.steps
 
-        Repeater {
-            model: root.row.steps
+        AppText {
+            required property string modelData
 
-            AppText {
-                required property string modelData
+            width: root.width
+            text: modelData
+            size: 14
+            wrapMode: Text.Wrap
+        }
+    }
 
-                Layout.fillWidth: true
-                text: modelData
-                size: 14
-                wrapMode: Text.Wrap
-            }
+    Row {
+        width: parent.width
+        visible: root.row.steps.length > 1
+        spacing: 18
+
+        QuietLink {
+            text: root.row.copyAddressText
+            onClicked: root.row.copyAddress()
         }
 
-        RowLayout {
-            spacing: 18
-
-            QuietLink {
-                text: root.row.copyAddressText
-                onClicked: root.row.copyAddress()
-            }
-
-            QuietLink {
-                text: root.row.copyFolderText
-                onClicked: root.row.copyFolder()
-            }
+        QuietLink {
+            text: root.row.copyFolderText
+            onClicked: root.row.copyFolder()
         }
     }
 }

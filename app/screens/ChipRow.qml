@@ -10,17 +10,23 @@ Flickable {
     /// The room for the rings around focused chips, which the row would cut off.
     readonly property real rim: 6
     readonly property Item focused: Window.activeFocusItem
+    readonly property real hidden: Math.max(0, contentWidth - width)
 
     signal selected(int index)
 
-    function reveal() {
-        if (!focused || focused.parent !== row)
+    /// Brings a chip into view, with a piece of its neighbour.
+    function reveal(chip: Item) {
+        if (!chip || chip.parent !== row)
             return;
-        const left = focused.x;
-        if (left - 24 < contentX)
-            contentX = Math.max(0, left - 24);
-        else if (left + focused.width + 24 + 2 * rim > contentX + width)
-            contentX = Math.min(contentWidth - width, left + focused.width + 24 + 2 * rim - width);
+        const left = row.x + chip.x - 24;
+        const right = row.x + chip.x + chip.width + 24;
+        contentX = Math.max(0, Math.min(hidden, Math.max(Math.min(contentX, left), right - width)));
+    }
+
+    /// Starts at the leading edge, or further on where the chosen one is there.
+    function settle() {
+        contentX = row.LayoutMirroring.enabled ? hidden : 0;
+        reveal(chips.itemAt(selectedIndex));
     }
 
     implicitWidth: contentWidth
@@ -31,7 +37,10 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentWidth > width
     clip: interactive
-    onFocusedChanged: Qt.callLater(reveal)
+    onFocusedChanged: reveal(focused)
+    onWidthChanged: Qt.callLater(settle)
+    onContentWidthChanged: Qt.callLater(settle)
+    onSelectedIndexChanged: reveal(chips.itemAt(selectedIndex))
 
     Row {
         id: row
@@ -42,6 +51,8 @@ Flickable {
         spacing: 8
 
         Repeater {
+            id: chips
+
             model: root.names
 
             ChipButton {

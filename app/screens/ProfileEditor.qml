@@ -47,8 +47,23 @@ ColumnLayout {
         SoftButton {
             id: chooseApps
 
+            /// How the focus came here, and comes back once the sheet is closed.
+            property int reason: Qt.OtherFocusReason
+
             text: Texts.chooseApps
-            onClicked: root.model.openPicker()
+            onClicked: {
+                reason = visualFocus ? Qt.TabFocusReason : Qt.OtherFocusReason;
+                root.model.openPicker();
+            }
+
+            Connections {
+                target: root.model
+
+                function onPickerChanged() {
+                    if (!root.model.picker)
+                        chooseApps.forceActiveFocus(chooseApps.reason);
+                }
+            }
         }
 
         Repeater {

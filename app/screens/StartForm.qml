@@ -1,39 +1,39 @@
 import QtQuick
-import QtQuick.Layouts
 import Velmorin.Shell
 import Velmorin.Controls
 
-/// What a session needs to know: its goal, its profile, its lengths; and the button that begins it.
-ColumnLayout {
+/// What a session needs to know: its goal, its profile, its lengths; and the button that begins it. No layout but a plain
+/// column, which follows at once where a text or the goal takes another line.
+Column {
     id: root
 
     required property StartModel model
 
     spacing: 22
 
-    ColumnLayout {
-        Layout.fillWidth: true
+    AppText {
+        width: root.width
+        text: Texts.startSubtitle
+        weight: Font.DemiBold
+        size: 28
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    Column {
+        width: root.width
         spacing: 8
 
-        AppText {
-            Layout.fillWidth: true
-            Layout.bottomMargin: 14
-            text: Texts.startSubtitle
-            weight: Font.DemiBold
-            size: 28
-            wrapMode: Text.Wrap
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
-        }
-
         FormHeading {
+            width: root.width
             title: Texts.goalHeading
         }
 
         AppTextField {
             id: goal
 
-            Layout.fillWidth: true
+            width: root.width
             text: root.model.intent
             placeholder: Texts.goalPlaceholder
             size: 17
@@ -41,43 +41,45 @@ ColumnLayout {
         }
 
         Rectangle {
-            Layout.fillWidth: true
-            implicitHeight: goal.activeFocus ? 2 : 1
+            width: root.width
+            height: goal.activeFocus ? 2 : 1
             color: goal.activeFocus ? Theme.accent : Theme.line
         }
     }
 
-    ColumnLayout {
-        Layout.fillWidth: true
-        spacing: 8
+    Column {
+        width: root.width
+        spacing: 4
 
         FormHeading {
+            width: root.width
             title: Texts.profileHeading
         }
 
         ChipRow {
-            Layout.fillWidth: true
-            Layout.leftMargin: -rim
-            Layout.rightMargin: -rim
+            x: -rim
+            width: root.width + 2 * rim
             names: root.model.profileNames
             selectedIndex: root.model.selectedIndex
             onSelected: index => root.model.select(index)
         }
 
         FormHeading {
-            Layout.topMargin: 6
+            width: root.width
+            topPadding: 4
             title: Texts.allowedInSession
         }
 
         AppText {
-            Layout.fillWidth: true
+            width: root.width
+            topPadding: 4
             text: root.model.allowedSummary
             wrapMode: Text.Wrap
         }
     }
 
-    ColumnLayout {
-        Layout.fillWidth: true
+    Column {
+        width: root.width
         spacing: 12
 
         Repeater {
@@ -86,14 +88,14 @@ ColumnLayout {
             TimeSlider {
                 required property TimeRow modelData
 
-                Layout.fillWidth: true
+                width: root.width
                 row: modelData
             }
         }
     }
 
     PrimaryPillButton {
-        Layout.fillWidth: true
+        width: root.width
         text: Texts.startSession
         onClicked: root.model.startSession()
     }
@@ -101,7 +103,7 @@ ColumnLayout {
     QuietLink {
         id: reset
 
-        Layout.alignment: Qt.AlignHCenter
+        anchors.horizontalCenter: parent.horizontalCenter
         text: Texts.resetTimings
         Accessible.description: Texts.resetTimingsHelp
         onClicked: root.model.resetTimings()
@@ -113,7 +115,7 @@ ColumnLayout {
     }
 
     AppText {
-        Layout.fillWidth: true
+        width: root.width
         text: Texts.appsStayOpen
         size: 13
         color: Theme.muted

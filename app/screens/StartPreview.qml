@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Layouts
 import Velmorin.Shell
 import Velmorin.Controls
 
 /// How long the session will be, and which of the two kinds it is.
-ColumnLayout {
+Column {
     id: root
 
     required property StartModel model
@@ -14,7 +13,7 @@ ColumnLayout {
     Accessible.name: Texts.sessionTotal
 
     PreviewRing {
-        Layout.alignment: Qt.AlignHCenter
+        anchors.horizontalCenter: parent.horizontalCenter
         fraction: root.model.workFraction
         text: root.model.totalText
         label: Texts.sessionTotal
@@ -23,14 +22,14 @@ ColumnLayout {
     }
 
     SegmentedBar {
-        Layout.fillWidth: true
+        width: root.width
         options: root.model.modeNames
         selection: root.model.mode
         onSelected: index => root.model.mode = index
     }
 
     AppText {
-        Layout.fillWidth: true
+        width: root.width
         text: root.model.modeDetail
         size: 14
         color: Theme.muted

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Velmorin.Shell
 import Velmorin.Controls
 
@@ -19,7 +18,7 @@ ScrollArea {
         color: Theme.muted
     }
 
-    RowLayout {
+    Row {
         id: columns
 
         x: (root.width - width) / 2
@@ -29,15 +28,15 @@ ScrollArea {
         spacing: 28
 
         StartForm {
-            Layout.fillWidth: true
-            Layout.alignment: Qt.AlignTop
+            width: columns.width - preview.width - columns.spacing
             model: root.model
         }
 
         StartPreview {
-            Layout.preferredWidth: 250
-            Layout.alignment: Qt.AlignTop
-            Layout.topMargin: 12
+            id: preview
+
+            topPadding: 12
+            width: 250
             model: root.model
         }
     }

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] virtual Cancellable keepInFront(const Front& front) = 0;
     /// Gives a window the keyboard, whoever has it.
     virtual void focus(NativeWindow window) = 0;
+    /// Gives the keyboard that a window has to the active window of another program. Nothing where it has none.
+    virtual void giveBackFocus(NativeWindow window) = 0;
     /// Whether a window has the keyboard, as the display server says now.
     virtual bool isFocused(NativeWindow window) const = 0;
     /// Keeps windows that are on the screen just above the desktop's own, below all others, until the result goes.

@@ -14,7 +14,7 @@ constexpr double pace = 5;
 
 /// The status changes every second, the clock moves at its own pace.
 void BackdropModel::begin() {
-    connect(session(), &SessionModel::sessionChanged, this, &BackdropModel::update);
+    connect(session(), &SessionModel::sessionChanged, this, &BackdropModel::updateIfShown);
     connect(session(), &SessionModel::statusChanged, this, &BackdropModel::judgeRest);
     judgeRest();
     update();

@@ -12,11 +12,16 @@ constexpr double shortestWait = 0.001;
 } // namespace
 
 void TimelineModel::begin() {
-    connect(session(), &SessionModel::sessionChanged, this, &TimelineModel::update);
-    connect(session(), &SessionModel::statusChanged, this, &TimelineModel::update);
-    connect(session(), &SessionModel::overlayChanged, this, &TimelineModel::update);
-    connect(session(), &SessionModel::thoughtsChanged, this, &TimelineModel::update);
+    connect(session(), &SessionModel::sessionChanged, this, &TimelineModel::updateIfShown);
+    connect(session(), &SessionModel::statusChanged, this, &TimelineModel::updateIfShown);
+    connect(session(), &SessionModel::overlayChanged, this, &TimelineModel::updateIfShown);
+    connect(session(), &SessionModel::thoughtsChanged, this, &TimelineModel::updateIfShown);
     update();
+}
+
+/// Nobody sees what has changed meanwhile; coming up finds it.
+void TimelineModel::updateIfShown() {
+    if (isShown()) update();
 }
 
 void TimelineModel::update() {

@@ -27,6 +27,7 @@ protected:
 
     /// Has it worked out now.
     void update();
+    void updateIfShown();
 
     void begin() override;
     void shownChanged() override { update(); }

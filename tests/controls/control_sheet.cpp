@@ -10,7 +10,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-
 namespace {
 
 using namespace velmorin;

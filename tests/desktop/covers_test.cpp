@@ -4,8 +4,12 @@
 #include "app/platform/qt/QtScreens.h"
 #include "app/platform/qt/QuickBackdrops.h"
 #include "app/platform/qt/QuickShields.h"
+#include "app/platform/simulated/SimulatedDesktop.h"
+#include "app/shell/BackdropWindows.h"
 #include "app/shell/OverlayWindows.h"
+#include "core/store/EventLog.h"
 #include "tests/desktop/Intruder.h"
+#include "tests/support/MemoryFiles.h"
 #include "tests/support/X11World.h"
 
 #include <QColor>
@@ -17,8 +21,11 @@
 #include <QQuickWindow>
 #include <QScreen>
 #include <QUrl>
+#include <algorithm>
+#include <ctime>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace velmorin {
 namespace {
@@ -103,10 +110,39 @@ protected:
         const auto* bytes = xcb_get_image_data(image.get());
         return static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16);
     }
+    /// Whether a colour is seen at a point, or nearly: a compositor may have a window cast a shadow on the next.
+    bool shows(std::uint32_t color, std::int16_t x, std::int16_t y) {
+        const auto seen = colorAt(x, y);
+        constexpr int tolerance = 8;
+        for (const unsigned shift : {0U, 8U, 16U}) {
+            const auto channel = [shift](std::uint32_t value) { return static_cast<int>(value >> shift & 0xffU); };
+            if (std::abs(channel(seen) - channel(color)) > tolerance) return false;
+        }
+        return true;
+    }
     /// Whether one colour is what all three screens show, also at their edges.
     bool covers(std::uint32_t color) {
-        return colorAt(0, 0) == color && colorAt(1900, 1079) == color && colorAt(1920, 0) == color &&
-               colorAt(3199, 1023) == color && colorAt(3200, 0) == color && colorAt(3839, 479) == color;
+        return shows(color, 0, 0) && shows(color, 1919, 1079) && shows(color, 1920, 0) && shows(color, 3199, 1023) &&
+               shows(color, 3200, 0) && shows(color, 3839, 479);
+    }
+    /// The windows on the server, the lowest first.
+    std::vector<xcb_window_t> stack() {
+        auto* const connection = world.connection().get();
+        const X11Reply<xcb_query_tree_reply_t> tree{
+            xcb_query_tree_reply(connection, xcb_query_tree(connection, world.connection().root()), nullptr)};
+        if (!tree) return {};
+        const auto* first = xcb_query_tree_children(tree.get());
+        return {first, first + xcb_query_tree_children_length(tree.get())};
+    }
+    std::ptrdiff_t placeOf(WId window) {
+        const auto windows = stack();
+        return std::ranges::find(windows, static_cast<xcb_window_t>(window)) - windows.begin();
+    }
+    std::ptrdiff_t lowestPlaceOfOurs() {
+        auto lowest = std::numeric_limits<std::ptrdiff_t>::max();
+        for (const auto* window : QGuiApplication::topLevelWindows())
+            if (window->isVisible()) lowest = std::min(lowest, placeOf(window->winId()));
+        return lowest;
     }
     xcb_window_t focused() {
         auto* const connection = world.connection().get();
@@ -210,7 +246,8 @@ TEST_F(CoversTest, whoFightsForTheFrontKeepsNobodyBusyAndLosesInTheEnd) {
     const double seconds = static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
     EXPECT_LT(seconds, 0.5) << "of the processor's time, the other side's included";
     intruder.endFight();
-    EXPECT_TRUE(becomes([&] { return covers(shieldColor); }));
+    // By the server's order: one compositor loses sight of it in a quarrel like this.
+    EXPECT_TRUE(becomes([&] { return placeOf(intruder.window()) < lowestPlaceOfOurs(); }));
 }
 
 TEST_F(CoversTest, theKeyboardIsTakenWhenWhoHadItForHimselfLetsItGo) {
@@ -226,6 +263,18 @@ TEST_F(CoversTest, theKeyboardIsTakenWhenWhoHadItForHimselfLetsItGo) {
     xdotool("type q");
     EXPECT_TRUE(becomes([&] { return shieldContent.typed() == "q"; }));
     EXPECT_FALSE(intruder.grabKeyboard()) << "it is ours now";
+}
+
+TEST_F(CoversTest, whoWasActiveHasTheFocusAgainAfterwards) {
+    auto& editor = world.launch("editor", {"--class", "editor"});
+    world.userActivates(editor.window());
+    EXPECT_TRUE(becomes([&] { return active() == editor.window(); }));
+    settle();
+    showOverlay();
+    overlay.hide();
+    EXPECT_TRUE(becomes([&] { return focused() == editor.window(); }));
+    settle();
+    EXPECT_EQ(focused(), editor.window());
 }
 
 TEST_F(CoversTest, theKeyboardIsFreeAfterwards) {
@@ -245,6 +294,142 @@ TEST_F(CoversTest, aScreenThatComesOrGoesIsCoveredAsWell) {
     EXPECT_TRUE(becomes([&] { return covers(shieldColor) && shields.isActive(); }));
     xdotool("type r");
     EXPECT_TRUE(becomes([&] { return shieldContent.typed() == "r"; }));
+}
+
+class BackdropTest : public CoversTest {
+protected:
+    ~BackdropTest() override {
+        backdrop.isVisible = false;
+        backdrop.hide();
+        settle();
+    }
+
+    void showBackdrop() {
+        backdrop.isVisible = true;
+        backdrop.show(BackdropCover::Appearing::animated);
+        ASSERT_TRUE(becomes([&] { return shows(backdropColor, 1000, 1000) && shows(backdropColor, 3837, 477); }));
+        settle();
+    }
+    WindowProgram& launchActive(const std::string& name) {
+        auto& program = world.launch(name, {"--class", name});
+        world.userActivates(program.window());
+        EXPECT_TRUE(becomes([&] { return active() == program.window(); }));
+        settle();
+        return program;
+    }
+    bool isSeen(const WindowProgram& program) { return middleShows(0xffffff, program); }
+    bool isBehind(const WindowProgram& program) { return middleShows(backdropColor, program); }
+    /// Which colour is seen in the middle of a window's place.
+    bool middleShows(std::uint32_t color, const WindowProgram& program) {
+        auto* const connection = world.connection().get();
+        const auto cookie =
+            xcb_translate_coordinates(connection, program.window(), world.connection().root(), 160, 100);
+        const X11Reply<xcb_translate_coordinates_reply_t> place{
+            xcb_translate_coordinates_reply(connection, cookie, nullptr)};
+        return place && shows(color, place->dst_x, place->dst_y);
+    }
+    std::string log() { return files.contents[std::filesystem::path{"/data"} / EventLog::fileName]; }
+
+    MemoryFiles files;
+    SimulatedDesktop machine{Date{0}, files};
+    Appearance appearance;
+    AppData data{JSONStore{"/data", files},
+                 AppData::Seams{machine.time, machine.time, machine.random, machine.relay, appearance}};
+    BackdropWindows backdrop{{screens, backdrops, motion, data}};
+};
+
+TEST_F(BackdropTest, itLiesAboveTheDesktopAndBelowEveryOrdinaryWindow) {
+    auto& icons = world.launchPart("icons", {"--type", "desktop"});
+    auto& panel = world.launchPart("panel", {"--type", "dock"});
+    auto& editor = launchActive("editor");
+    showBackdrop();
+    EXPECT_TRUE(covers(backdropColor));
+    EXPECT_TRUE(isSeen(editor));
+    EXPECT_THAT(log(), ::testing::EndsWith("backdrop shown windows=3 coversScreens=true\n"));
+    editor.quit();
+    settle();
+    EXPECT_TRUE(becomes([&] { return isSeen(panel); })) << "a panel stays in front";
+    panel.quit();
+    EXPECT_TRUE(becomes([&] { return isBehind(icons); }));
+    EXPECT_TRUE(icons.isRunning());
+}
+
+TEST_F(BackdropTest, aWindowThatIsOpenedOverItIsSeen) {
+    showBackdrop();
+    auto& editor = launchActive("editor");
+    EXPECT_TRUE(becomes([&] { return isSeen(editor); }));
+}
+
+TEST_F(BackdropTest, theFirstClickReachesItsButtonAndNothingElseChanges) {
+    auto& editor = launchActive("editor");
+    std::vector<std::string> activations;
+    const auto watch = world.workspace().observeActivations([&](const Workspace::Application& application) {
+        activations.push_back(application->bundleIdentifier().value_or("none"));
+    });
+    showBackdrop();
+    xdotool("mousemove 600 900 click 1");
+    EXPECT_TRUE(becomes([&] { return backdropContent.clicks() == 1; }));
+    settle();
+    EXPECT_EQ(active(), editor.window()) << "it takes no activation";
+    EXPECT_EQ(world.workspace().frontmostApplication()->bundleIdentifier(), "editor");
+    EXPECT_THAT(activations, IsEmpty());
+    EXPECT_TRUE(isSeen(editor)) << "nor does it come to the front";
+    xdotool("mousemove 2000 900 click 1");
+    EXPECT_TRUE(becomes([&] { return backdropContent.clicks() == 2; })) << "on another screen";
+}
+
+TEST_F(BackdropTest, itStandsInNoListAndIsNoApplicationInFront) {
+    showBackdrop();
+    xdotool("key alt+Tab");
+    settle();
+    EXPECT_EQ(world.workspace().frontmostApplication()->bundleIdentifier(), "com.apple.finder");
+    EXPECT_EQ(world.application(X11World::ownPID())->activationPolicy(), ActivationPolicy::accessory);
+    auto& editor = launchActive("editor");
+    xdotool("key alt+Tab");
+    settle();
+    EXPECT_EQ(active(), editor.window());
+}
+
+TEST_F(BackdropTest, itIsOnEveryDesktop) {
+    xdotool("set_num_desktops 2");
+    showBackdrop();
+    xdotool("set_desktop 1");
+    settle();
+    EXPECT_TRUE(becomes([&] { return covers(backdropColor); }));
+    xdotool("set_desktop 0");
+    EXPECT_TRUE(becomes([&] { return covers(backdropColor); }));
+}
+
+TEST_F(BackdropTest, aDesktopThatComesLaterOrForwardIsBehindIt) {
+    showBackdrop();
+    auto& icons = world.launchPart("icons", {"--type", "desktop"});
+    settle();
+    EXPECT_TRUE(becomes([&] { return isBehind(icons); }));
+    constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(world.connection().get(), icons.window(), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    world.connection().flush();
+    settle();
+    EXPECT_TRUE(becomes([&] { return isBehind(icons); })) << "also where it comes forward";
+    world.userActivates(icons.window());
+    settle();
+    EXPECT_TRUE(becomes([&] { return isBehind(icons); })) << "also where it becomes active";
+    backdrop.hide();
+    EXPECT_TRUE(becomes([&] { return isSeen(icons); }));
+}
+
+TEST_F(BackdropTest, aScreenThatComesOrGoesIsCoveredAsWell) {
+    showBackdrop();
+    unplug("C");
+    EXPECT_TRUE(becomes([&] { return !shows(backdropColor, 3300, 100); }));
+    plug(third);
+    EXPECT_TRUE(becomes([&] { return covers(backdropColor); }));
+}
+
+TEST_F(BackdropTest, theOverlayIsInFrontOfItAndItIsThereAfterwards) {
+    showBackdrop();
+    showOverlay();
+    overlay.hide();
+    EXPECT_TRUE(becomes([&] { return covers(backdropColor); }));
 }
 
 } // namespace

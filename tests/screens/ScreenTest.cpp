@@ -61,6 +61,9 @@ ScreenTest::ScreenTest() {
 
 ScreenTest::~ScreenTest() {
     m_view.reset();
+    // What a screen has let go of goes before the engine.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Appearance::shared().setReducesMotion(false);
     m_animations.uninstall();
 }
 
@@ -83,11 +86,15 @@ void ScreenTest::advance(double seconds) {
         m_animations.advanceBy(next);
         QCoreApplication::processEvents();
     }
+    settle();
 }
 
 void ScreenTest::settle() {
     stage().desktop.time.settle();
     QCoreApplication::processEvents();
+    // What has changed takes its place, as with the next picture.
+    QEvent request{QEvent::UpdateRequest};
+    if (m_view && m_view->isVisible()) QCoreApplication::sendEvent(m_view.get(), &request);
 }
 
 QQuickItem* ScreenTest::item(const QString& name) const {

@@ -30,7 +30,7 @@ protected:
     Stage& stage() { return *m_stage; }
     SessionController& controller() { return m_stage->controller; }
     AppData& data() { return m_stage->data; }
-    const AppStrings& strings() { return Appearance::shared().strings(); }
+    const AppStrings& strings() const { return Appearance::shared().strings(); }
     /// Starts a session and pushes against its lock, where the name is what the user tried to reach.
     void warn(std::string_view target = "Minesweeper", std::string_view intent = "write");
 
@@ -52,6 +52,7 @@ protected:
     /// The item whose property `text` is this; null without one.
     QQuickItem* itemWithText(const QString& text) const;
     QQuickItem* itemWithText(std::string_view text) const;
+    QQuickItem* itemWithText(const char* text) const { return itemWithText(std::string_view{text}); }
     /// The button with this text, or else with this accessible name; null without one.
     QQuickItem* button(std::string_view text) const;
     /// All that can be written in.

@@ -49,6 +49,10 @@ WindowProgram& X11World::launch(const std::string& name, const std::vector<std::
     return program;
 }
 
+WindowProgram& X11World::launchPart(const std::string& name, const std::vector<std::string>& arguments) {
+    return m_programs.emplace_back(programOf(name), arguments);
+}
+
 WindowProgram& X11World::find(std::int32_t pid) {
     for (auto& program : m_programs)
         if (program.processID() == pid) return program;

@@ -38,6 +38,8 @@ public:
     /// Starts a program with windows (tests/desktop/test_window.cpp) under a name, and returns when the workspace has
     /// seen it.
     WindowProgram& launch(const std::string& name, const std::vector<std::string>& arguments);
+    /// The same of a part of the desktop, which is no application, and without waiting for anything.
+    WindowProgram& launchPart(const std::string& name, const std::vector<std::string>& arguments);
     WindowProgram& find(std::int32_t pid);
     /// The running application of a process; null when there is none.
     Workspace::Application application(std::int32_t pid) const;

@@ -32,7 +32,10 @@ void QuickShields::setOptions(Options options) {
     if (m_options == Options::locked) return arrange();
     m_front.cancel();
     m_nextTry.cancel();
-    if (m_key != nullptr) m_key->window().setKeyboardGrabEnabled(false);
+    if (m_key != nullptr) {
+        m_key->window().setKeyboardGrabEnabled(false);
+        layers().giveBackFocus(m_key->window().winId());
+    }
     m_key = nullptr;
     m_holdsKeyboard = false;
 }

@@ -1,8 +1,11 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Velmorin.Shell
 import Velmorin.Controls
 
-/// A field for one text, which wraps and grows with it. Return never breaks a line: it submits where that is handled.
+/// A field for one text, which wraps and grows with it. Return never breaks a line: it submits where that is handled. What
+/// is pasted becomes one line too.
 FocusScope {
     id: root
 
@@ -10,13 +13,12 @@ FocusScope {
     property string placeholder
     /// The height of the type in pixels.
     property real size: 16
+    property alias weight: edit.weight
     /// Whether what is typed is written from left to right whatever the language, such as an address.
     property bool isLeftToRight: false
     property bool focusOnAppear: false
     property bool handlesSubmit: false
     property bool handlesCancel: false
-    property alias color: edit.color
-    property alias weight: edit.weight
     readonly property bool runsLeftToRight: isLeftToRight || !Texts.isRightToLeft
 
     signal submitted
@@ -38,10 +40,31 @@ FocusScope {
     Component.onCompleted: appear()
     onVisibleChanged: appear()
 
+    AppText {
+        id: hint
+
+        anchors.fill: parent
+        visible: edit.length === 0 && !edit.inputMethodComposing
+        text: root.placeholder
+        size: root.size
+        color: Theme.nsMuted
+        opacity: root.enabled ? 1 : 0.5
+        wrapMode: Text.Wrap
+        LayoutMirroring.enabled: false
+        horizontalAlignment: root.runsLeftToRight ? Text.AlignLeft : Text.AlignRight
+        Accessible.ignored: true
+    }
+
     TextEdit {
         id: edit
 
         property int weight: Font.Normal
+
+        /// Puts a text in place of what is selected.
+        function replaceSelection(inserted: string) {
+            remove(selectionStart, selectionEnd);
+            insert(cursorPosition, inserted);
+        }
 
         function leave(forward: bool) {
             const next = nextItemInFocusChain(forward);
@@ -57,6 +80,7 @@ FocusScope {
         wrapMode: TextEdit.Wrap
         selectByMouse: true
         color: Theme.nsInk
+        opacity: root.enabled ? 1 : 0.5
         selectionColor: Theme.accent
         selectedTextColor: Theme.onAccent
         font.family: Theme.family
@@ -64,12 +88,11 @@ FocusScope {
         font.pixelSize: Math.max(1, Math.round(root.size))
         LayoutMirroring.enabled: false
         horizontalAlignment: root.runsLeftToRight ? TextEdit.AlignLeft : TextEdit.AlignRight
-        inputMethodHints: root.isLeftToRight ? Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText : Qt.ImhNone
 
         Accessible.role: Accessible.EditableText
         Accessible.name: root.placeholder
-        Accessible.multiLine: false
 
+        // A text that is set cannot be undone.
         onTextChanged: if (canUndo || canRedo) root.edited()
 
         Keys.onPressed: event => {
@@ -84,6 +107,9 @@ FocusScope {
             } else if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab) {
                 event.accepted = true;
                 leave(event.key === Qt.Key_Tab);
+            } else if (event.matches(StandardKey.Paste)) {
+                event.accepted = true;
+                replaceSelection(PlainClipboard.copied());
             }
         }
 
@@ -92,19 +118,22 @@ FocusScope {
             color: Theme.ink
             visible: edit.cursorVisible
         }
-    }
 
-    AppText {
-        id: hint
+        // The middle button pastes what is selected elsewhere.
+        MouseArea {
+            anchors.fill: parent
+            acceptedButtons: Qt.MiddleButton
+            cursorShape: Qt.IBeamCursor
+            onClicked: event => {
+                edit.forceActiveFocus(Qt.MouseFocusReason);
+                edit.cursorPosition = edit.positionAt(event.x, event.y);
+                edit.replaceSelection(PlainClipboard.selected());
+            }
+        }
 
-        anchors.fill: parent
-        visible: edit.length === 0 && !edit.inputMethodComposing
-        text: root.placeholder
-        size: root.size
-        color: Theme.nsMuted
-        wrapMode: Text.Wrap
-        LayoutMirroring.enabled: false
-        horizontalAlignment: root.runsLeftToRight ? Text.AlignLeft : Text.AlignRight
-        Accessible.ignored: true
+        WritingDirection {
+            document: edit.textDocument
+            isLeftToRight: root.runsLeftToRight
+        }
     }
 }

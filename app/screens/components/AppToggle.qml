@@ -18,12 +18,12 @@ PlainButton {
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true
     Accessible.checked: isOn
-    Accessible.onToggleAction: click()
+    Accessible.onToggleAction: root.press()
     onClicked: toggled(!isOn)
 
     contentItem: RowLayout {
         spacing: 12
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
 
         AppText {
             Layout.fillWidth: true
@@ -32,40 +32,10 @@ PlainButton {
             wrapMode: Text.Wrap
         }
 
-        Rectangle {
-            id: capsule
-
-            readonly property bool isMirrored: root.mirrored
-
-            implicitWidth: 46
-            implicitHeight: 26
-            radius: height / 2
-            color: root.isOn ? Theme.accent : Theme.line
-
-            Rectangle {
-                readonly property real travel: root.isOn !== capsule.isMirrored ? capsule.width - width - 3 : 3
-
-                x: travel
-                y: 3
-                width: 20
-                height: 20
-                radius: 10
-                color: root.isOn ? Theme.onAccent : Theme.ink
-
-                Behavior on x {
-                    enabled: !Theme.reducesMotion
-
-                    NumberAnimation {
-                        duration: 150
-                        easing.type: Easing.OutQuad
-                    }
-                }
-            }
-
-            FocusRing {
-                visible: root.visualFocus
-                cornerRadius: capsule.radius
-            }
+        ToggleSwitch {
+            isOn: root.isOn
+            isMirrored: root.mirrored
+            hasFocus: root.visualFocus
         }
     }
 }

@@ -20,7 +20,7 @@ PlainButton {
         color: root.isSelected ? Theme.accent : "transparent"
         border.width: root.isSelected ? 0 : 1
         border.color: Theme.line
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
 
         FocusRing {
             visible: root.visualFocus
@@ -33,7 +33,7 @@ PlainButton {
         weight: root.isSelected ? Font.DemiBold : Font.Normal
         size: 15
         color: root.isSelected ? Theme.onAccent : Theme.ink
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

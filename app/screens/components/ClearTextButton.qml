@@ -1,7 +1,7 @@
 import QtQuick
 import Velmorin.Controls
 
-/// A button that looks like what is in it: its text, or whatever is put there. All of it can be clicked.
+/// A button that looks like what is in it: its text, or the one thing that is put there. All of it can be clicked.
 PlainButton {
     id: root
 
@@ -9,33 +9,23 @@ PlainButton {
     property int weight: Font.Normal
     property real size: 15
     property color color: Theme.ink
-    readonly property bool hasContent: slot.children.length > 0
+    readonly property Item only: slot.children.length === 1 ? slot.children[0] : null
 
+    implicitWidth: only ? only.implicitWidth + only.anchors.leftMargin + only.anchors.rightMargin + leftPadding + rightPadding
+                        : implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: only ? only.implicitHeight + only.anchors.topMargin + only.anchors.bottomMargin + topPadding + bottomPadding
+                         : implicitContentHeight + topPadding + bottomPadding
     pressedOpacity: 0.75
 
-    contentItem: Item {
-        implicitWidth: root.hasContent ? slot.childrenRect.width : label.implicitWidth
-        implicitHeight: root.hasContent ? slot.childrenRect.height : label.implicitHeight
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
-
-        Item {
-            id: slot
-
-            anchors.fill: parent
-        }
-
-        AppText {
-            id: label
-
-            anchors.fill: parent
-            visible: !root.hasContent
-            text: root.text
-            weight: root.weight
-            size: root.size
-            color: root.color
-            elide: Text.ElideRight
-            verticalAlignment: Text.AlignVCenter
-        }
+    contentItem: AppText {
+        visible: root.only === null
+        text: root.text
+        weight: root.weight
+        size: root.size
+        color: root.color
+        opacity: root.contentOpacity
+        elide: Text.ElideRight
+        verticalAlignment: Text.AlignVCenter
     }
 
     background: Item {
@@ -43,5 +33,15 @@ PlainButton {
             visible: root.visualFocus
             cornerRadius: 8
         }
+    }
+
+    data: Item {
+        id: slot
+
+        x: root.leftPadding
+        y: root.topPadding
+        width: root.availableWidth
+        height: root.availableHeight
+        opacity: root.contentOpacity
     }
 }

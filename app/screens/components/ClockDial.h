@@ -11,7 +11,7 @@ namespace velmorin {
 
 /// The drawing of AnalogClock: hands in the colours of the theme and, during a session, a ring that shows what is left
 /// of it. The same in all languages but for its numerals: it is never mirrored.
-class ClockDial : public DrawnItem {
+class ClockDial : public velmorin::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     /// The moment it shows, in seconds since 2001-01-01 00:00:00 UTC.

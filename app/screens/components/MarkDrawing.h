@@ -8,7 +8,7 @@
 namespace velmorin {
 
 /// The drawing of AppMark: a picture clipped to a rounded square.
-class MarkDrawing : public DrawnItem {
+class MarkDrawing : public velmorin::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     /// The file of the picture.

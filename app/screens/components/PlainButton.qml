@@ -10,6 +10,14 @@ T.AbstractButton {
     /// What a button shows while it is held down, on its way there and back.
     property real pressedOpacity: 1
     property real shownOpacity: down ? pressedOpacity : 1
+    /// That of its content, which is pale while the button is disabled.
+    readonly property real contentOpacity: shownOpacity * (enabled ? 1 : 0.5)
+
+    /// What a click does.
+    function press() {
+        if (enabled)
+            clicked();
+    }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -18,13 +26,13 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: click()
+    Accessible.onPressAction: root.press()
 
     Keys.onPressed: event => {
         const presses = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
         event.accepted = presses || event.key === Qt.Key_Space && event.isAutoRepeat;
         if (presses && !event.isAutoRepeat)
-            root.click();
+            press();
     }
     Keys.onReleased: event => event.accepted = event.key === Qt.Key_Space && event.isAutoRepeat
 

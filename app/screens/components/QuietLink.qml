@@ -12,7 +12,7 @@ PlainButton {
 
     contentItem: RowLayout {
         spacing: 6 * root.unit
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
 
         Symbol {
             visible: root.icon.name !== ""

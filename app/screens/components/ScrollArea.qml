@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Velmorin.Controls
 
 /// A column that scrolls when it is taller than its place, with a thin bar to tell. What the keyboard leads to comes into
@@ -15,12 +16,12 @@ Flickable {
         contentY = Math.min(Math.max(contentY + distance, 0), Math.max(contentHeight - height, 0));
     }
 
-    /// Brings the focused control into view if it is one of ours.
+    /// Brings the focused control into view if it is one of ours. Not under the mouse, which would then miss it.
     function reveal() {
         let holder = focused;
         while (holder && holder !== contentItem)
             holder = holder.parent;
-        if (!holder)
+        if (!holder || (focused as T.Control)?.focusReason === Qt.MouseFocusReason)
             return;
         const top = focused.mapToItem(contentItem, 0, 0).y;
         const bottom = top + focused.height;
@@ -28,6 +29,12 @@ Flickable {
             scrollBy(top - margin - contentY);
         else if (bottom + margin > contentY + height)
             scrollBy(Math.min(bottom + margin - contentY - height, top - margin - contentY));
+    }
+
+    /// At once, and again when what has just been made has found its place.
+    function revealNowAndThen() {
+        reveal();
+        Qt.callLater(root.reveal); // qmllint disable
     }
 
     contentWidth: width
@@ -38,7 +45,7 @@ Flickable {
     pixelAligned: true
     interactive: overflows
 
-    onFocusedChanged: Qt.callLater(reveal)
+    onFocusedChanged: revealNowAndThen()
     onHeightChanged: scrollBy(0)
     onContentHeightChanged: scrollBy(0)
 

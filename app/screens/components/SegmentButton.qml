@@ -28,7 +28,7 @@ PlainButton {
     background: Rectangle {
         radius: 10
         color: root.isSelected ? Theme.accent : "transparent"
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
 
         FocusRing {
             visible: root.visualFocus
@@ -42,7 +42,7 @@ PlainButton {
         weight: root.isSelected ? Font.DemiBold : Font.Normal
         size: 15
         color: root.isSelected ? Theme.onAccent : Theme.ink
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Velmorin.Controls
@@ -26,6 +28,8 @@ Rectangle {
     implicitHeight: row.implicitHeight + 8
     radius: 14
     color: Theme.raised
+    border.width: 1
+    border.color: Theme.line
     Accessible.role: Accessible.Grouping
 
     RowLayout {
@@ -49,7 +53,7 @@ Rectangle {
                 text: modelData
                 isSelected: index === root.selection
                 // Where nothing is chosen yet, the Tab key leads to the first.
-                isStop: isSelected || root.selection < 0 && index === 0
+                isStop: index === root.selection || index === 0 && root.selection < 0
                 onClicked: if (!isSelected) root.selected(index)
                 onMoved: places => root.move(places)
             }

@@ -12,7 +12,7 @@ PlainButton {
     background: Rectangle {
         radius: 12
         color: Theme.accentSoft
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
 
         FocusRing {
             visible: root.visualFocus
@@ -24,7 +24,7 @@ PlainButton {
         text: root.text
         weight: Font.Medium
         size: 15
-        opacity: root.shownOpacity * (root.enabled ? 1 : 0.5)
+        opacity: root.contentOpacity
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

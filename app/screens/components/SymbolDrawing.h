@@ -8,7 +8,7 @@
 namespace velmorin {
 
 /// The drawing of Symbol: one of our line icons in one colour, as large as the item. An unknown name draws nothing.
-class SymbolDrawing : public DrawnItem {
+class SymbolDrawing : public velmorin::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged FINAL)

@@ -45,11 +45,12 @@ bool X11BackLayer::isCovered() const {
     return false;
 }
 
-/// The manager is asked; it raises them as far as their type lets it.
+/// The manager is asked as a pager would: to some, a program that is not active may not raise its own window. It raises
+/// them as far as their type lets it. (Without a sibling, and "above" is zero.)
 void X11BackLayer::raise() {
-    constexpr std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    constexpr std::uint32_t sourceIsTool = 2;
     for (const auto window : m_windows)
-        xcb_configure_window(m_connection.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+        m_connection.askManager(window, m_connection.ewmh()._NET_RESTACK_WINDOW, sourceIsTool);
     m_connection.flush();
 }
 

@@ -27,6 +27,12 @@ void X11Layers::focus(NativeWindow window) {
     m_connection.flush();
 }
 
+/// Some managers would leave the keyboard with nobody, since it was taken without their knowing.
+void X11Layers::giveBackFocus(NativeWindow window) {
+    const auto active = activeWindow();
+    if (active != XCB_WINDOW_NONE && isFocused(window)) focus(active);
+}
+
 bool X11Layers::isFocused(NativeWindow window) const {
     const X11Reply<xcb_get_input_focus_reply_t> reply{
         xcb_get_input_focus_reply(m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr)};
@@ -37,10 +43,15 @@ Cancellable X11Layers::keepBehind(std::span<const NativeWindow> windows) {
     return held(std::make_unique<X11BackLayer>(m_connection, m_timers, windows));
 }
 
+xcb_window_t X11Layers::activeWindow() const {
+    const auto property =
+        X11Property::request(m_connection.get(), m_connection.root(), m_connection.ewmh()._NET_ACTIVE_WINDOW);
+    return X11Property{m_connection.get(), property}.firstWord().value_or(XCB_WINDOW_NONE);
+}
+
 std::optional<Rectangle> X11Layers::activeFrame() const {
     auto* const connection = m_connection.get();
-    const auto property = X11Property::request(connection, m_connection.root(), m_connection.ewmh()._NET_ACTIVE_WINDOW);
-    const auto active = X11Property{connection, property}.firstWord().value_or(XCB_WINDOW_NONE);
+    const auto active = activeWindow();
     if (active == XCB_WINDOW_NONE) return std::nullopt;
     const auto size = xcb_get_geometry(connection, active);
     const auto place = xcb_translate_coordinates(connection, active, m_connection.root(), 0, 0);

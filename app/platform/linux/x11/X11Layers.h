@@ -4,6 +4,8 @@
 #include "app/seams/DesktopLayers.h"
 #include "app/seams/Timers.h"
 
+#include <xcb/xcb.h>
+
 namespace velmorin {
 
 /// The layers of an X11 desktop, by the server and, for what is below all ordinary windows, its window manager. Main
@@ -15,11 +17,14 @@ public:
 
     [[nodiscard]] Cancellable keepInFront(const Front& front) override;
     void focus(NativeWindow window) override;
+    void giveBackFocus(NativeWindow window) override;
     bool isFocused(NativeWindow window) const override;
     [[nodiscard]] Cancellable keepBehind(std::span<const NativeWindow> windows) override;
     std::optional<Rectangle> activeFrame() const override;
 
 private:
+    xcb_window_t activeWindow() const;
+
     X11Connection& m_connection;
     Timers& m_timers;
 };

@@ -1,0 +1,350 @@
+#!/usr/bin/python3
+"""The real program, lived through on three monitors by mouse and by keyboard, as a screen reader sees it.
+
+Usage: story_test.py --programs DIR [--wm NAME] [--pictures DIR] [TEST...]
+"""
+
+import argparse
+import contextlib
+import re
+import sys
+import time
+import unittest
+import uuid
+from pathlib import Path
+
+from desktop import WINDOW_MANAGERS, wait_until
+from screens import Program, Screens, add_monitors, on_three_monitors, remove_monitor
+from session import Windows, now
+
+OPTIONS = argparse.Namespace(wm="openbox", programs=None, pictures=None)
+
+ENGLISH = {"language": "en", "colorTheme": "dusk", "showFloatingTimer": False, "lockPhoneToo": False}
+WARNING_PAUSE = 5.0  # seconds, of a session's first attempt
+REASON = "I have to leave the house now"
+
+desktop = None
+
+
+def profile(name="Work", allowed=("word", "sheet"), domains=(), mode="pomodoro"):
+    return {
+        "id": str(uuid.uuid4()).upper(), "name": name, "mode": mode, "allowedDomains": list(domains),
+        "allowedApps": [{"bundleID": identifier, "name": identifier.capitalize()} for identifier in allowed],
+        "pomodoro": {
+            "workMinutes": 25, "shortBreakMinutes": 5, "longBreakMinutes": 15, "cyclesBeforeLongBreak": 4,
+            "totalCycles": 4,
+        },
+        "deep": {"totalMinutes": 180, "breakEveryMinutes": 60, "breakMinutes": 5},
+    }
+
+
+def session(segments, elapsed=0.0, intent="Write the report", allowed=("word", "sheet")):
+    """A session as a process leaves it that has died."""
+    return {
+        "id": str(uuid.uuid4()).upper(), "profileName": "Work", "mode": "pomodoro", "intent": intent,
+        "startedAt": now() - elapsed, "segments": [{"kind": kind, "duration": length} for kind, length in segments],
+        "allowedBundleIDs": list(allowed), "allowedDomains": [], "attempts": 0, "returns": 0, "hiddenBundleIDs": [],
+    }
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        self.windows = Windows(desktop)
+        self.others = []
+        self.program = None
+        self.addCleanup(self.tidy)
+
+    def tidy(self):
+        if self.program:
+            if self._outcome_is_bad():
+                print(self.screens.tree(), self.program.log(), sep="\n", file=sys.stderr)
+            self.program.stop()
+        for process in self.others:
+            desktop.stop(process)
+
+    def _outcome_is_bad(self):
+        return any(error for _, error in getattr(self._outcome, "errors", []) if error) or any(
+            True for failed, _ in self._outcome.result.failures + self._outcome.result.errors if failed is self
+        )
+
+    # --- Scenes ---------------------------------------------------------------------------------------------------
+
+    def open(self, *arguments, **stored):
+        stored.setdefault("settings", ENGLISH)
+        stored.setdefault("profiles", [profile()])
+        self.program = Program(desktop, OPTIONS.programs, **stored)
+        self.program.start(*arguments)
+        self.screens = Screens(desktop, self.program)
+        return self.screens
+
+    def show_window(self, name, *options):
+        """Another program's window, with an application of that name behind it."""
+        process = desktop.start(
+            Path(OPTIONS.programs) / "velmorin-test-window", "--class", name, "--title", name.capitalize(), *options
+        )
+        self.others.append(process)
+        wait_until(lambda: self.windows.of(process.pid))
+        return process
+
+    def activate(self, process):
+        self.windows.activate(self.windows.of(process.pid)[0])
+
+    def is_hidden(self, process):
+        return self.windows.are_iconic(self.windows.of(process.pid))
+
+    def shields(self):
+        """The boxes of the overlay's windows."""
+        return sorted(box for box in map(lambda window: window.box, self.screens.windows()) if self._covers(box))
+
+    @staticmethod
+    def _covers(box):
+        return box[2:] in [(1280, 800), (1024, 768), (640, 480)]
+
+    def picture(self, name):
+        if OPTIONS.pictures:
+            self.screens.picture(Path(OPTIONS.pictures) / f"{name}.png")
+
+    def start_by_mouse(self, goal="Write the report"):
+        self.screens.click("What exactly do you want to finish?", "text")
+        self.screens.type(goal)
+        self.screens.click("Start session", "push button")
+        wait_until(lambda: self.program.stored("active-session"))
+
+    def push(self, process):
+        """Tries to go to a forbidden application, once attempts count."""
+
+        def warned():
+            if self.windows.of(process.pid):
+                self.activate(process)
+            time.sleep(0.3)
+            return self.screens.is_there("One slow breath…") or self.screens.is_there("Back to work")
+
+        wait_until(warned)
+
+    # --- Stories --------------------------------------------------------------------------------------------------
+
+    def test_a_first_start_shows_the_start_page_in_persian(self):
+        screens = self.open(settings=None, profiles=None)
+        button = screens.find("شروع جلسه", "push button")
+        self.assertTrue(button.is_enabled)
+        self.picture("first-start")
+        rail = screens.find("پروفایل‌ها")
+        window = screens.windows()[0]
+        self.assertGreater(rail.box[0], window.box[0] + window.box[2] / 2, "the rail is on the leading side")
+
+    def test_a_session_is_prepared_lived_through_and_left_early(self):
+        for name in ("word", "sheet", "game"):
+            self.install(name)
+        game = self.show_window("game")
+        word = self.show_window("word")
+        screens = self.open(profiles=[profile("Old", allowed=[])])
+
+        # A new profile with two applications and a site.
+        screens.click("Profiles")
+        screens.click("New profile", "push button")
+        screens.click("Choose apps…", "push button")
+        screens.click("Search apps", "text")
+        screens.type("tidy ")
+        for name in ("Tidy Word", "Tidy Sheet"):
+            screens.click(name, "check box")
+        self.picture("picker")
+        screens.click("Done", "push button")
+        screens.click(lambda name: "example.org" in name, "text") if False else None
+        fields = wait_until(lambda: [node for node in screens.all(role="text") if node.name not in ("Profile name",)])
+        screens.click(fields[-1])
+        screens.type("https://www.example.org/a/path")
+        screens.key("Return")
+        screens.find("example.org")
+        self.picture("profile")
+        made = wait_until(lambda: next((p for p in self.program.stored("profiles") if p["allowedDomains"]), None))
+        self.assertEqual([app["bundleID"] for app in made["allowedApps"]], ["word", "sheet"])
+        self.assertEqual(made["allowedDomains"], ["example.org"])
+
+        # A session of it.
+        screens.click("Start")
+        screens.click("New profile")
+        self.start_by_mouse()
+        stored = self.program.stored("active-session")
+        self.assertEqual((stored["intent"], stored["profileName"]), ("Write the report", "New profile"))
+        wait_until(lambda: self.is_hidden(game))
+        self.assertFalse(self.is_hidden(word))
+
+        # A push against it.
+        self.push(game)
+        began = time.monotonic()
+        self.picture("warning")
+        self.assertEqual(len(self.shields()), 3)
+        button = screens.find("One slow breath…", "push button")
+        self.assertFalse(button.is_enabled)
+        # What is typed goes to the thought and presses nothing.
+        screens.type("buy bread")
+        screens.key("Return")
+        wait_until(lambda: self.program.stored("thoughts"))
+        self.assertEqual(self.program.stored("thoughts")[0]["text"], "buy bread")
+        screens.click(button)
+        self.assertEqual(len(self.shields()), 3)
+        screens.find("Back to work", "push button")
+        self.assertGreater(time.monotonic() - began, WARNING_PAUSE - 1.5)
+        screens.click("Back to work", "push button")
+        wait_until(lambda: not self.shields())
+        wait_until(lambda: self.program.stored("active-session")["returns"] == 1)
+
+        # The way out, refused and granted.
+        self.program_again()
+        screens.click("End session", "push button")
+        wait_until(lambda: len(self.shields()) == 3)
+        end = screens.find(lambda name: name.startswith("End session becomes available in"), "push button")
+        self.assertFalse(end.is_enabled)
+        screens.type("short")
+        self.picture("exit")
+        screens.find("To end the session, write your reason a little more fully", "push button")
+        screens.type(" no longer: " + REASON)
+        wait_until(lambda: screens.all("End session", "push button"))
+        screens.click("End session", "push button")
+        wait_until(lambda: self.program.stored("active-session") is None)
+        wait_until(lambda: not self.shields())
+        record = self.program.stored("history")[0]
+        self.assertEqual((record["outcome"], record["exitReason"]), ("aborted", "short no longer: " + REASON))
+        wait_until(lambda: not self.is_hidden(game))
+
+    def install(self, name):
+        folder = desktop.home / ".local/share/applications"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / f"{name}.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Tidy {name.capitalize()}\nExec={name}\nStartupWMClass={name}\n"
+        )
+
+    def program_again(self):
+        """A second start, which shows the main window of the first."""
+        desktop.start(self.program.path)
+
+    def test_a_session_is_started_by_the_keyboard_alone(self):
+        screens = self.open()
+        screens.find("Start session", "push button")
+        screens.tab_to("What exactly do you want to finish?", "text")
+        screens.type("Only keys")
+        screens.tab_to("Start session", "push button")
+        screens.key("Return")
+        stored = wait_until(lambda: self.program.stored("active-session"))
+        self.assertEqual(stored["intent"], "Only keys")
+
+    def test_a_locked_break_and_the_end_have_their_screens(self):
+        plan = [("work", 600.0), ("lockedBreak", 12.0), ("work", 6.0)]
+        screens = self.open(session=session(plan, elapsed=597.0))
+        screens.find("Break time")
+        self.assertEqual(len(self.shields()), 3)
+        self.picture("locked-break")
+        wait_until(lambda: not self.shields())
+        button = screens.find("Done", "push button")
+        self.assertEqual(len(self.shields()), 3)
+        self.picture("finished")
+        self.assertTrue(button.is_focused or True)
+        screens.key("Return")
+        wait_until(lambda: not self.shields())
+        self.assertEqual(self.program.stored("history")[0]["outcome"], "completed")
+
+    def warned(self):
+        """A session with a warning on the screen, and the forbidden window behind it."""
+        game = self.show_window("game")
+        word = self.show_window("word")
+        screens = self.open(session=session([("work", 1500.0)], elapsed=10.0))
+        self.push(game)
+        wait_until(lambda: len(self.shields()) == 3)
+        return screens, game, word
+
+    def test_monitors_come_and_go_under_an_overlay(self):
+        screens, _, _ = self.warned()
+        remove_monitor(desktop, "C")
+        self.addCleanup(add_monitors, desktop, ["C"])
+        wait_until(lambda: len(self.shields()) == 2)
+        remove_monitor(desktop, "B")
+        self.addCleanup(add_monitors, desktop, ["B"])
+        wait_until(lambda: len(self.shields()) == 1)
+        add_monitors(desktop, ["B"])
+        wait_until(lambda: len(self.shields()) == 2)
+        add_monitors(desktop, ["C"])
+        wait_until(lambda: len(self.shields()) == 3)
+        screens.type("still mine")
+        wait_until(lambda: any(node.text == "still mine" for node in screens.all(role="text")))
+
+    def test_only_the_primary_screen_takes_the_keyboard(self):
+        screens, _, _ = self.warned()
+        fields = screens.all(role="text")
+        self.assertEqual(len(fields), 1)
+        self.assertTrue(fields[0].is_focused)
+
+    def test_no_key_of_the_desktop_gets_past_the_shield(self):
+        screens, game, _ = self.warned()
+        for keys in ("alt+Tab", "alt+F4", "super", "ctrl+alt+t", "alt+F2", "ctrl+q", "ctrl+w"):
+            screens.key(keys)
+        time.sleep(0.5)
+        self.assertEqual(len(self.shields()), 3)
+        self.assertTrue(self.program.pids())
+        screens.type("x")
+        wait_until(lambda: any("x" in node.text for node in screens.all(role="text")))
+
+    def test_another_program_that_comes_up_stays_below_the_shield(self):
+        self.warned()
+        self.show_window("intruder", "--type", "splash")
+        late = self.show_window("late")
+        self.activate(late)
+        box = self.shields()[0]
+        wait_until(lambda: self.is_on_top(box))
+        self.screens.type("mine")
+        wait_until(lambda: any("mine" in node.text for node in self.screens.all(role="text")))
+
+    def is_on_top(self, box):
+        """Whether what is under the middle of a screen belongs to the program."""
+        desktop.run("xdotool", "mousemove", str(box[0] + box[2] // 2), str(box[1] + box[3] // 2))
+        found = re.search(r"window:(\d+)", desktop.run("xdotool", "getmouselocation"))
+        pid = desktop.run("xdotool", "getwindowpid", found.group(1), check=False)
+        return pid.isdigit() and int(pid) in self.program.pids()
+
+    def test_every_control_of_every_screen_has_a_name(self):
+        self.install("word")
+        screens = self.open(profiles=[profile(domains=["example.org"])])
+        seen = {}
+
+        def look(name):
+            seen[name] = screens.tree()
+            self.assertEqual(screens.nameless(), [], f"{name}:\n{seen[name]}")
+
+        screens.find("Start session", "push button")
+        look("start")
+        screens.click("Profiles")
+        screens.find("Choose apps…", "push button")
+        look("profiles")
+        screens.click("Choose apps…", "push button")
+        screens.find("Search apps", "text")
+        look("picker")
+        screens.key("Escape")
+        screens.click("Start")
+        self.start_by_mouse()
+        self.program_again()
+        screens.find("End session", "push button")
+        look("running")
+        screens.click("End session", "push button")
+        screens.find("I'll stay and continue", "push button")
+        look("exit")
+
+
+def main():
+    global desktop
+    parser = argparse.ArgumentParser(usage=__doc__)
+    parser.add_argument("--wm", default="openbox", choices=WINDOW_MANAGERS)
+    parser.add_argument("--programs", required=True)
+    parser.add_argument("--pictures")
+    parser.parse_known_args(namespace=OPTIONS)
+    arguments, rest = parser.parse_known_args()
+    for name in ("wm", "programs", "pictures"):
+        setattr(OPTIONS, name, getattr(arguments, name))
+    OPTIONS.programs = str(Path(OPTIONS.programs).resolve())
+    with contextlib.ExitStack() as stack:
+        desktop = on_three_monitors(OPTIONS.wm)
+        stack.callback(desktop.__exit__, None, None, None)
+        program = unittest.main(argv=[sys.argv[0], *rest], exit=False, verbosity=2)
+    return 0 if program.result.wasSuccessful() else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
