@@ -35,6 +35,7 @@ T.CheckBox {
         opacity: feel.contentOpacity
 
         AppText {
+            isSaid: true
             Layout.fillWidth: true
             visible: root.showsLabel && text !== ""
             text: root.label

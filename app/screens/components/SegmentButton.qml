@@ -44,6 +44,7 @@ T.RadioButton {
     }
 
     contentItem: AppText {
+        isSaid: true
         text: root.text
         weight: root.isSelected ? Font.DemiBold : Font.Normal
         size: 15
