@@ -14,6 +14,7 @@
 #include "app/shell/MainModel.h"
 #include "app/shell/SessionModel.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <filesystem>
 #include <memory>
@@ -33,6 +34,8 @@ public:
         velmorin::Appearance& appearance; ///< of the screens, which hear from here how much may move
         std::filesystem::path icons;      ///< the folder with the icon in its sizes
         QByteArray applicationID;
+        /// Whether the main window will soon be asked for; its content is then read meanwhile, by another thread.
+        bool expectsMainWindow = false;
     };
 
     explicit LinuxShell(Seams seams);
@@ -73,6 +76,7 @@ private:
     std::optional<SessionModel> m_session;
     std::optional<MainModel> m_main;
     QQmlEngine m_engine;
+    std::optional<QQmlComponent> m_mainContent; ///< as long as it is read ahead
     QuickContent m_overlayContent;
     QuickContent m_backdropContent;
     QuickShields m_shields;

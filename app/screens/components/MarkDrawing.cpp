@@ -1,5 +1,6 @@
 #include "app/screens/components/MarkDrawing.h"
 
+#include <QImageReader>
 #include <algorithm>
 #include <cmath>
 
@@ -8,7 +9,10 @@ namespace velmorin {
 void MarkDrawing::setSource(const QString& source) {
     if (source == m_source) return;
     m_source = source;
-    m_picture = QImage{source};
+    // Left to find the format out itself, the toolkit would load what reads all the others.
+    QImageReader reader{source, "png"};
+    reader.setAutoDetectImageFormat(false);
+    m_picture = reader.read();
     Q_EMIT sourceChanged();
     update();
 }
