@@ -49,7 +49,7 @@ Item {
             size: 38
         }
 
-        AppText {
+        SpokenText {
             objectName: "intent"
             width: parent.width
             visible: text !== ""

@@ -21,7 +21,7 @@ CardSurface {
         width: parent.width - 48 * root.unit
         spacing: 6 * root.unit
 
-        AppText {
+        SpokenText {
             width: parent.width
             text: root.label
             size: 14 * root.unit
@@ -29,7 +29,7 @@ CardSurface {
             wrapMode: Text.Wrap
         }
 
-        AppText {
+        SpokenText {
             objectName: "intent"
             width: parent.width
             visible: text !== ""
@@ -39,7 +39,7 @@ CardSurface {
             wrapMode: Text.Wrap
         }
 
-        AppText {
+        SpokenText {
             objectName: "detail"
             width: parent.width
             visible: text !== ""

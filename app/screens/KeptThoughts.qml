@@ -29,7 +29,7 @@ CardSurface {
         Repeater {
             model: root.thoughts
 
-            AppText {
+            SpokenText {
                 required property string modelData
 
                 objectName: "thought"

@@ -21,7 +21,7 @@ FocusScope {
         anchors.fill: parent
         unit: root.unit
 
-        AppText {
+        SpokenText {
             width: parent.width
             text: Texts.breakTime
             weight: Font.DemiBold
@@ -40,7 +40,7 @@ FocusScope {
             size: 42
         }
 
-        AppText {
+        SpokenText {
             objectName: "restLeft"
             width: parent.width
             visible: text !== ""

@@ -24,9 +24,10 @@ Item {
             color: Theme.notice
         }
 
-        AppText {
+        SpokenText {
             Layout.fillWidth: true
             text: root.text
+            Accessible.role: Accessible.AlertMessage
             weight: Font.Medium
             size: 16 * root.unit
             color: Theme.notice

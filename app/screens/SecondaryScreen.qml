@@ -34,7 +34,7 @@ Item {
             size: 42
         }
 
-        AppText {
+        SpokenText {
             objectName: "intent"
             width: parent.width
             visible: text !== ""

@@ -25,7 +25,7 @@ Column {
         isShown: root.shown
     }
 
-    AppText {
+    SpokenText {
         width: parent.width
         text: Texts.thoughtFieldPrompt
         size: 16 * root.unit

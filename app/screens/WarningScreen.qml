@@ -37,7 +37,7 @@ FocusScope {
             size: 38
         }
 
-        AppText {
+        SpokenText {
             objectName: "canWait"
             width: parent.width
             text: warning.canWait
