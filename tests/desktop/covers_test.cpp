@@ -310,6 +310,22 @@ TEST_F(CoversTest, aScreenThatComesOrGoesIsCoveredAsWell) {
     EXPECT_TRUE(becomes([&] { return shieldContent.typed() == "r"; }));
 }
 
+TEST_F(CoversTest, whatComesWithAChangeOfTheScreensIsInFrontOfWhatFades) {
+    motion.value.set(false);
+    showOverlay();
+    const auto before = ourWindows();
+    unplug("C");
+    const auto isNew = [&](xcb_window_t window) { return std::ranges::find(before, window) == before.end(); };
+    EXPECT_TRUE(becomes([&] { return screenOfFocus() >= 0 && isNew(focused()); }));
+    const auto windows = stack();
+    const auto highestOfBefore =
+        std::ranges::find_first_of(windows.rbegin(), windows.rend(), before.begin(), before.end());
+    const auto lowestOfNew = std::ranges::find(windows, focused());
+    EXPECT_TRUE(highestOfBefore == windows.rend() || highestOfBefore.base() <= lowestOfNew);
+    plug(third);
+    EXPECT_TRUE(becomes([&] { return covers(shieldColor) && shields.isActive(); }));
+}
+
 TEST_F(CoversTest, changesOfTheScreensAreToldOnceAllHasComeToRest) {
     VirtualTime time{Date{0}};
     QtScreens patient{layers, time};
@@ -363,7 +379,11 @@ TEST_F(CoversTest, aFadeEndsWithTheWindowsAndLeavesNone) {
 }
 
 TEST_F(CoversTest, nothingIsSeenOfAWindowBeforeItIsPainted) {
+    Intruder white;
+    white.map();
+    EXPECT_TRUE(becomes([&] { return covers(0xffffff); }));
     overlay.show();
+    EXPECT_TRUE(covers(0xffffff)) << "what was there before is still seen";
     for (const auto window : ourWindows())
         EXPECT_EQ(firstOr0(world.words(window, "_NET_WM_WINDOW_OPACITY")), 0U);
     EXPECT_TRUE(becomes([&] { return covers(shieldColor); }));
