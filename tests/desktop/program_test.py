@@ -118,6 +118,15 @@ class ProgramTest(unittest.TestCase):
         self.program.press(self.start_and_show(), "ctrl+q")
         self.assertEqual(self.program.process.wait(10), 0)
 
+    def test_control_q_ends_it_on_a_keyboard_without_latin_letters(self):
+        self.desktop.run("setxkbmap", "-layout", "ir")
+        window = self.start_and_show()
+        wait_until(self.program.is_painted)
+        wait_until(lambda: self.program.has_keyboard(window))
+        for action in ("keydown", "Control_L"), ("key", "24"), ("keyup", "Control_L"):
+            self.desktop.run("xdotool", *action)
+        self.assertEqual(self.program.process.wait(10), 0)
+
     def test_requests_to_end_are_granted_outside_a_session(self):
         for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
             self.start_and_show()
