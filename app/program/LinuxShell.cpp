@@ -36,7 +36,6 @@ LinuxShell::LinuxShell(Seams seams)
       m_statusBar{m_seams.loop, m_seams.connection},
       m_layers{m_seams.connection, m_seams.timers},
       m_screens{m_layers, m_seams.timers},
-      m_motion{m_seams.appearance},
       m_overlayContent{m_engine, screen("OverlayView"),
                        [this](const CoverContent& content) {
                            return QVariantMap{{"session", QVariant::fromValue(&*m_session)},
@@ -53,6 +52,8 @@ LinuxShell::LinuxShell(Seams seams)
     QGuiApplication::setWindowIcon(icon(m_seams.icons));
     m_languageWatch = m_seams.appearance.language().watch([this] { applyDirection(); });
     applyDirection();
+    m_motionWatch =
+        m_motion.reducesMotion().watch([this] { m_seams.appearance.setReducesMotion(*m_motion.reducesMotion()); });
 }
 
 LinuxShell::~LinuxShell() = default;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/platform/linux/services/DesktopMotion.h"
 #include "app/platform/linux/tray/LinuxStatusBar.h"
 #include "app/platform/linux/x11/X11Connection.h"
 #include "app/platform/linux/x11/X11HotKey.h"
@@ -9,7 +10,6 @@
 #include "app/platform/qt/QuickContent.h"
 #include "app/platform/qt/QuickMainWindow.h"
 #include "app/platform/qt/QuickShields.h"
-#include "app/program/AppearanceMotion.h"
 #include "app/shell/DesktopShell.h"
 #include "app/shell/MainModel.h"
 #include "app/shell/SessionModel.h"
@@ -30,8 +30,8 @@ public:
         MainLoop& loop;
         X11Connection& connection;
         Timers& timers;
-        const velmorin::Appearance& appearance;
-        std::filesystem::path icons; ///< the folder with the icon in its sizes
+        velmorin::Appearance& appearance; ///< of the screens, which hear from here how much may move
+        std::filesystem::path icons;      ///< the folder with the icon in its sizes
         QByteArray applicationID;
     };
 
@@ -68,7 +68,7 @@ private:
     LinuxStatusBar m_statusBar;
     X11Layers m_layers;
     QtScreens m_screens;
-    AppearanceMotion m_motion;
+    DesktopMotion m_motion;
     // The models go after the engine, whose objects show them.
     std::optional<SessionModel> m_session;
     std::optional<MainModel> m_main;
@@ -81,6 +81,7 @@ private:
     Cancellable m_preparing;
     Cancellable m_sessionWatch;
     Cancellable m_languageWatch;
+    Cancellable m_motionWatch;
 };
 
 } // namespace velmorin

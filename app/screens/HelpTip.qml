@@ -19,6 +19,7 @@ T.ToolTip {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
     contentItem: AppText {
+        isSaid: true
         text: root.text
         size: 13
         color: Theme.ink

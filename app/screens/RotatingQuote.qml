@@ -54,6 +54,7 @@ Item {
         id: oneLine
 
         visible: false
+        isSaid: true
         text: " "
         size: root.size * root.unit
     }
@@ -67,7 +68,7 @@ Item {
         opacity: 1 - root.arrival
         text: root.former
         size: root.size * root.unit
-        Accessible.ignored: true
+        isSaid: true
     }
 
     QuoteText {

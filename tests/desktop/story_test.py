@@ -93,12 +93,13 @@ class ProgramTest(unittest.TestCase):
         return self.windows.are_iconic(self.windows.of(process.pid))
 
     def shields(self):
-        """The boxes of the overlay's windows."""
-        return sorted(box for box in map(lambda window: window.box, self.screens.windows()) if self._covers(box))
-
-    @staticmethod
-    def _covers(box):
-        return box[2:] in [(1280, 800), (1024, 768), (640, 480)]
+        """The boxes of the overlay's windows: those that no window manager looks after."""
+        boxes = []
+        for line in desktop.run("xwininfo", "-root", "-children").splitlines():
+            found = re.search(r'"Velmorin"\)\s+(\d+)x(\d+)\S*\s+\+(-?\d+)\+(-?\d+)$', line)
+            if found and min(map(int, found.group(1, 2))) > 100:
+                boxes.append(tuple(map(int, found.group(3, 4, 1, 2))))
+        return sorted(boxes)
 
     def picture(self, name):
         if OPTIONS.pictures:
@@ -149,12 +150,10 @@ class ProgramTest(unittest.TestCase):
             screens.click(name, "check box")
         self.picture("picker")
         screens.click("Done", "push button")
-        screens.click(lambda name: "example.org" in name, "text") if False else None
-        fields = wait_until(lambda: [node for node in screens.all(role="text") if node.name not in ("Profile name",)])
-        screens.click(fields[-1])
+        screens.click("example.org", "text")
         screens.type("https://www.example.org/a/path")
         screens.key("Return")
-        screens.find("example.org")
+        screens.find("Remove example.org", "push button")
         self.picture("profile")
         made = wait_until(lambda: next((p for p in self.program.stored("profiles") if p["allowedDomains"]), None))
         self.assertEqual([app["bundleID"] for app in made["allowedApps"]], ["word", "sheet"])
@@ -235,10 +234,9 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(len(self.shields()), 3)
         self.picture("locked-break")
         wait_until(lambda: not self.shields())
-        button = screens.find("Done", "push button")
+        screens.find("Done", "push button")
         self.assertEqual(len(self.shields()), 3)
         self.picture("finished")
-        self.assertTrue(button.is_focused or True)
         screens.key("Return")
         wait_until(lambda: not self.shields())
         self.assertEqual(self.program.stored("history")[0]["outcome"], "completed")

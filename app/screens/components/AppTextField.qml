@@ -39,7 +39,10 @@ FocusScope {
 
     implicitWidth: 240
     implicitHeight: Math.min(10000, Math.max(edit.implicitHeight, hint.visible ? hint.implicitHeight : 0))
-    Component.onCompleted: appear()
+    Component.onCompleted: {
+        direction.apply();
+        appear();
+    }
     onVisibleChanged: appear()
 
     AppText {
@@ -94,8 +97,13 @@ FocusScope {
         Accessible.role: Accessible.EditableText
         Accessible.name: root.accessibleName
 
-        // A text that is set cannot be undone.
-        onTextChanged: if (canUndo || canRedo) root.edited()
+        onEffectiveHorizontalAlignmentChanged: direction.apply()
+        onTextChanged: {
+            direction.apply();
+            // A text that is set cannot be undone.
+            if (canUndo || canRedo)
+                root.edited();
+        }
 
         Keys.onPressed: event => {
             if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) {
@@ -134,6 +142,8 @@ FocusScope {
         }
 
         WritingDirection {
+            id: direction
+
             document: edit.textDocument
             isLeftToRight: root.runsLeftToRight
         }
