@@ -14,7 +14,7 @@ import uuid
 from pathlib import Path
 
 from desktop import WINDOW_MANAGERS, wait_until
-from screens import Program, Screens, add_monitors, on_three_monitors, remove_monitor
+from screens import Program, Screens, add_missing_monitors, add_monitors, on_three_monitors, remove_monitor
 from session import Windows, now
 
 OPTIONS = argparse.Namespace(wm="openbox", programs=None, pictures=None)
@@ -210,7 +210,8 @@ class ProgramTest(unittest.TestCase):
         folder = desktop.home / ".local/share/applications"
         folder.mkdir(parents=True, exist_ok=True)
         (folder / f"{name}.desktop").write_text(
-            f"[Desktop Entry]\nType=Application\nName=Tidy {name.capitalize()}\nExec={name}\nStartupWMClass={name}\n"
+            f"[Desktop Entry]\nType=Application\nName=Tidy {name.capitalize()}\n"
+            f"Exec={OPTIONS.programs}/velmorin-test-window --class {name}\nStartupWMClass={name}\n"
         )
 
     def program_again(self):
@@ -252,11 +253,10 @@ class ProgramTest(unittest.TestCase):
 
     def test_monitors_come_and_go_under_an_overlay(self):
         screens, _, _ = self.warned()
+        self.addCleanup(add_missing_monitors, desktop)
         remove_monitor(desktop, "C")
-        self.addCleanup(add_monitors, desktop, ["C"])
         wait_until(lambda: len(self.shields()) == 2)
         remove_monitor(desktop, "B")
-        self.addCleanup(add_monitors, desktop, ["B"])
         wait_until(lambda: len(self.shields()) == 1)
         add_monitors(desktop, ["B"])
         wait_until(lambda: len(self.shields()) == 2)
@@ -278,16 +278,20 @@ class ProgramTest(unittest.TestCase):
         time.sleep(0.5)
         self.assertEqual(len(self.shields()), 3)
         self.assertTrue(self.program.pids())
+        screens.click("For example: message a friend", "text")
         screens.type("x")
         wait_until(lambda: any("x" in node.text for node in screens.all(role="text")))
+        self.assertEqual(len(self.shields()), 3)
 
     def test_another_program_that_comes_up_stays_below_the_shield(self):
-        self.warned()
-        self.show_window("intruder", "--type", "splash")
-        late = self.show_window("late")
-        self.activate(late)
-        box = self.shields()[0]
-        wait_until(lambda: self.is_on_top(box))
+        _, _, word = self.warned()
+        self.activate(word)
+        # One that no window manager looks after, and that covers everything.
+        intruder = Path(OPTIONS.programs) / "velmorin-test-window"
+        self.others.append(desktop.start(intruder, "--class", "intruder", "--title", "Intruder", "--covers-all"))
+        wait_until(lambda: "Intruder" in desktop.run("xwininfo", "-root", "-children"))
+        for box in self.shields():
+            wait_until(lambda: self.is_on_top(box))
         self.screens.type("mine")
         wait_until(lambda: any("mine" in node.text for node in self.screens.all(role="text")))
 
