@@ -23,7 +23,7 @@ FocusScope {
         anchors.fill: parent
         unit: root.unit
 
-        SpokenText {
+        AppText {
             width: parent.width
             text: Texts.endQuestion
             weight: Font.DemiBold
@@ -46,7 +46,7 @@ FocusScope {
             width: parent.width
             spacing: 10 * root.unit
 
-            SpokenText {
+            AppText {
                 width: parent.width
                 text: Texts.whyEnd
                 size: 16 * root.unit

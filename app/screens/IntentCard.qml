@@ -21,7 +21,7 @@ CardSurface {
         width: parent.width - 48 * root.unit
         spacing: 6 * root.unit
 
-        SpokenText {
+        AppText {
             width: parent.width
             text: root.label
             size: 14 * root.unit
@@ -29,7 +29,7 @@ CardSurface {
             wrapMode: Text.Wrap
         }
 
-        SpokenText {
+        AppText {
             objectName: "intent"
             width: parent.width
             visible: text !== ""
@@ -37,9 +37,12 @@ CardSurface {
             weight: Font.Medium
             size: 20 * root.unit
             wrapMode: Text.Wrap
+            // What is longer must not push the way back off the screen.
+            maximumLineCount: 6
+            elide: Text.ElideRight
         }
 
-        SpokenText {
+        AppText {
             objectName: "detail"
             width: parent.width
             visible: text !== ""

@@ -24,12 +24,13 @@ CardSurface {
         FormHeading {
             width: parent.width
             title: Texts.keptThoughts
+            size: 14 * root.unit
         }
 
         Repeater {
             model: root.thoughts
 
-            SpokenText {
+            AppText {
                 required property string modelData
 
                 objectName: "thought"

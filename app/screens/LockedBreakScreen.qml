@@ -21,7 +21,7 @@ FocusScope {
         anchors.fill: parent
         unit: root.unit
 
-        SpokenText {
+        AppText {
             width: parent.width
             text: Texts.breakTime
             weight: Font.DemiBold
@@ -40,7 +40,7 @@ FocusScope {
             size: 42
         }
 
-        SpokenText {
+        AppText {
             objectName: "restLeft"
             width: parent.width
             visible: text !== ""

@@ -10,6 +10,9 @@ Item {
     required property real unit
 
     implicitHeight: row.implicitHeight
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+    Accessible.ignored: !text
 
     RowLayout {
         id: row
@@ -24,8 +27,9 @@ Item {
             color: Theme.notice
         }
 
-        SpokenText {
+        AppText {
             Layout.fillWidth: true
+            isSaid: true
             text: root.text
             Accessible.role: Accessible.AlertMessage
             weight: Font.Medium

@@ -37,7 +37,7 @@ FocusScope {
 
     Loader {
         anchors.centerIn: parent
-        width: Math.min(parent.width, (root.isPrimary ? 760 : 900) * root.unit) - 2 * root.padding
+        width: Math.min(parent.width - 2 * root.padding, (root.isPrimary ? 760 : 900) * root.unit)
         height: parent.height - 2 * Math.max(root.leastPadding, Math.min(root.padding, parent.height * 0.2 - 120))
         focus: true
         sourceComponent: root.isPrimary ? root.screen(root.session.overlay) : secondary

@@ -2,7 +2,7 @@ import QtQuick
 import Velmorin.Controls
 
 /// A sentence in large type, in the middle of its place, and somewhat smaller where it would not fit.
-SpokenText {
+AppText {
     id: root
 
     weight: Font.Medium

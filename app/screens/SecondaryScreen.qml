@@ -34,7 +34,7 @@ Item {
             size: 42
         }
 
-        SpokenText {
+        AppText {
             objectName: "intent"
             width: parent.width
             visible: text !== ""

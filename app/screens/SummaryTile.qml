@@ -20,7 +20,7 @@ CardSurface {
         width: parent.width - 20
         spacing: 6 * root.unit
 
-        SpokenText {
+        AppText {
             width: parent.width
             text: root.value
             weight: Font.DemiBold
@@ -31,7 +31,7 @@ CardSurface {
             horizontalAlignment: Text.AlignHCenter
         }
 
-        SpokenText {
+        AppText {
             width: parent.width
             text: root.label
             size: 14 * root.unit

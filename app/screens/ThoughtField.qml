@@ -25,7 +25,7 @@ Column {
         isShown: root.shown
     }
 
-    SpokenText {
+    AppText {
         width: parent.width
         text: Texts.thoughtFieldPrompt
         size: 16 * root.unit

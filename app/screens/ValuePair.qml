@@ -11,14 +11,14 @@ Column {
 
     spacing: 2 * unit
 
-    SpokenText {
+    AppText {
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.label
         size: 14 * root.unit
         color: Theme.muted
     }
 
-    SpokenText {
+    AppText {
         anchors.horizontalCenter: parent.horizontalCenter
         text: root.value
         weight: Font.DemiBold

@@ -37,7 +37,7 @@ FocusScope {
             size: 38
         }
 
-        SpokenText {
+        AppText {
             objectName: "canWait"
             width: parent.width
             text: warning.canWait
