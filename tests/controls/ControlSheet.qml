@@ -138,7 +138,8 @@ Item {
         }
 
         ColumnLayout {
-            Layout.fillWidth: true
+            Layout.preferredWidth: 570
+            Layout.maximumWidth: 570
             Layout.fillHeight: true
             spacing: 16
 
@@ -149,7 +150,10 @@ Item {
             RowLayout {
                 spacing: 12
 
-                SoftButton { text: Texts.chooseApps }
+                SoftButton {
+                    text: Texts.chooseApps
+                    Component.onCompleted: forceActiveFocus(Qt.TabFocusReason)
+                }
                 SoftButton { text: Texts.save; down: true }
                 SoftButton { text: Texts.cancel; enabled: false }
             }
