@@ -152,7 +152,8 @@ Item {
 
                 SoftButton {
                     text: Texts.chooseApps
-                    Component.onCompleted: forceActiveFocus(Qt.TabFocusReason)
+
+                    FocusRing { visible: true; cornerRadius: 12 }
                 }
                 SoftButton { text: Texts.save; down: true }
                 SoftButton { text: Texts.cancel; enabled: false }
@@ -189,10 +190,13 @@ Item {
             }
 
             CardSurface {
+                Layout.fillWidth: true
+
                 AppText {
                     anchors.fill: parent
                     anchors.margins: 14
                     text: Texts.thoughtsHint
+                    wrapMode: Text.Wrap
                     color: Theme.notice
                 }
             }
