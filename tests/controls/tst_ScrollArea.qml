@@ -17,6 +17,12 @@ Bench {
         subtitle: Texts.thoughtsSubtitle
         footer: QuietLink { text: Texts.clearStats }
 
+        Card {
+            id: card
+
+            AppText { Layout.fillWidth: true; text: Texts.phoneOneWayNote; wrapMode: Text.Wrap }
+        }
+
         Repeater {
             id: cards
 
@@ -106,6 +112,18 @@ Bench {
             const column = page.contentItem.children[0];
             compare(column.width, 680);
             compare(column.x, 160);
+        }
+
+        function test_aCardFitsItsTextAtEveryWidth() {
+            let heights = new Set();
+            for (let width = 700; width > 250; width -= 23) {
+                page.width = width;
+                settle(page);
+                compare(card.height, card.implicitHeight);
+                compare(cards.itemAt(0).y, card.y + card.height + 18);
+                heights.add(card.height);
+            }
+            verify(heights.size > 2);
         }
 
         function test_theTitles() {

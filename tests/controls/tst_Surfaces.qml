@@ -95,6 +95,14 @@ Bench {
             compare(field.width, 500 - 36);
         }
 
+        function test_aBoxThatIsTypedIntoHasAnAccent() {
+            compare(box.border.color, Theme.line);
+            field.forceActiveFocus();
+            compare(box.border.color, Theme.accent);
+            toggle.forceActiveFocus();
+            compare(box.border.color, Theme.line);
+        }
+
         function test_aBoxGrowsWithItsScale() {
             box.unit = 2;
             compare(box.radius, 28);

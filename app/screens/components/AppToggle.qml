@@ -22,7 +22,7 @@ T.CheckBox {
     checkState: isOn ? Qt.Checked : Qt.Unchecked
     nextCheckState: () => root.isOn ? Qt.Checked : Qt.Unchecked
     onClicked: toggled(!isOn)
-    Keys.forwardTo: feel
+    Keys.forwardTo: [feel]
 
     Accessible.name: label
     Accessible.checkable: true

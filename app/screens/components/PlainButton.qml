@@ -13,7 +13,7 @@ T.AbstractButton {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.StrongFocus
-    Keys.forwardTo: feel
+    Keys.forwardTo: [feel]
 
     Accessible.name: text
     Accessible.onPressAction: feel.press()

@@ -19,7 +19,7 @@ T.RadioButton {
     focusPolicy: isStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     // The bar chooses, not the button.
     checkable: false
-    Keys.forwardTo: feel
+    Keys.forwardTo: [feel]
     Keys.onLeftPressed: moved(mirrored ? 1 : -1)
     Keys.onRightPressed: moved(mirrored ? -1 : 1)
     Keys.onUpPressed: moved(-1)
