@@ -45,7 +45,9 @@ int runDelegate(LaunchOptions options, LinuxSeams& seams, LinuxInstance& instanc
     auto& appearance = Appearance::shared();
     appearance.setTexts(&LinuxStrings::of);
     LinuxShell shell{{seams.loop, *seams.connection, seams.timers, appearance, seams.places.resources("icons"),
-                      LinuxSeams::bundleID}};
+                      LinuxSeams::bundleID, !options.launchedByWatchdog}};
+    AppFonts::registerFonts(QString::fromStdString(seams.places.resources("Fonts").string()));
+    QApplication::setFont(QFont{AppFonts::family()});
     AppDelegate delegate{std::move(options), delegateSeams(seams, appearance), shell};
     const auto askToQuit = [&delegate] {
         if (delegate.applicationShouldTerminate() == AppDelegate::TerminateReply::now) QCoreApplication::exit();
@@ -78,8 +80,6 @@ int run(int& count, char** words) {
         return EXIT_FAILURE;
     }
     const auto application = Toolkit::makeApplication(words[0], LinuxSeams::bundleID);
-    AppFonts::registerFonts(QString::fromStdString(places.resources("Fonts").string()));
-    QApplication::setFont(QFont{AppFonts::family()});
     LinuxSeams seams{places, directory, loop, std::move(display)};
     seams.connection->onLost = [] { QCoreApplication::exit(EXIT_FAILURE); };
     return runDelegate(std::move(options), seams, instance);

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <iterator>
 
 namespace velmorin {
 
@@ -27,6 +29,12 @@ QString rawName(Value value) {
 }
 
 } // namespace
+
+std::vector<PictureScene> allScenes() {
+    auto scenes = mainScenes();
+    std::ranges::move(overlayScenes(), std::back_inserter(scenes));
+    return scenes;
+}
 
 QImage Gallery::picture(const PictureScene& scene, AppLanguage language, ColorTheme theme) {
     const QTemporaryDir directory;

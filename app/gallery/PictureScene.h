@@ -28,5 +28,7 @@ struct PictureScene {
 std::vector<PictureScene> mainScenes();
 /// The overlay's screens and the backdrop.
 std::vector<PictureScene> overlayScenes();
+/// All of them, each with a name of its own.
+std::vector<PictureScene> allScenes();
 
 } // namespace velmorin

@@ -7,8 +7,11 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QImageReader>
+#include <QPixmap>
 #include <QUrl>
 #include <QVariant>
+#include <string>
 #include <utility>
 
 namespace velmorin {
@@ -19,14 +22,23 @@ QUrl screen(const char* name) {
     return QUrl{QStringLiteral("qrc:/qt/qml/Velmorin/Screens/%1.qml").arg(QLatin1String{name})};
 }
 
+/// A picture in the one format that ours have. Left to find that out itself, the toolkit would load what reads all the
+/// others.
+QPixmap picture(const QString& file) {
+    QImageReader reader{file, "png"};
+    reader.setAutoDetectImageFormat(false);
+    return QPixmap::fromImageReader(&reader);
+}
+
 /// The program's icon in every size that lies there; else the mark that the program carries.
 QIcon icon(const std::filesystem::path& folder) {
     QIcon made;
     for (const int size : {16, 22, 24, 32, 48, 64, 128}) {
-        const auto file = QString::fromStdString((folder / (std::to_string(size) + ".png")).string());
-        made.addFile(file, QSize{size, size});
+        const auto file = folder / (std::to_string(size) + ".png");
+        if (const auto read = picture(QString::fromStdString(file.string())); !read.isNull()) made.addPixmap(read);
     }
-    return made.availableSizes().isEmpty() ? QIcon{QStringLiteral(":/qt/qml/Velmorin/Controls/AppMark.png")} : made;
+    if (made.isNull()) made.addPixmap(picture(QStringLiteral(":/qt/qml/Velmorin/Controls/AppMark.png")));
+    return made;
 }
 
 } // namespace
@@ -36,7 +48,6 @@ LinuxShell::LinuxShell(Seams seams)
       m_statusBar{m_seams.loop, m_seams.connection},
       m_layers{m_seams.connection, m_seams.timers},
       m_screens{m_layers, m_seams.timers},
-      m_motion{m_seams.appearance},
       m_overlayContent{m_engine, screen("OverlayView"),
                        [this](const CoverContent& content) {
                            return QVariantMap{{"session", QVariant::fromValue(&*m_session)},
@@ -50,9 +61,12 @@ LinuxShell::LinuxShell(Seams seams)
       m_shields{m_overlayContent, m_layers, m_seams.timers},
       m_backdrops{m_backdropContent, m_layers, m_seams.timers} {
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    if (m_seams.expectsMainWindow) m_mainContent.emplace(&m_engine, screen("MainView"), QQmlComponent::Asynchronous);
     QGuiApplication::setWindowIcon(icon(m_seams.icons));
     m_languageWatch = m_seams.appearance.language().watch([this] { applyDirection(); });
     applyDirection();
+    m_motionWatch =
+        m_motion.reducesMotion().watch([this] { m_seams.appearance.setReducesMotion(*m_motion.reducesMotion()); });
 }
 
 LinuxShell::~LinuxShell() = default;
@@ -128,6 +142,7 @@ std::unique_ptr<MainWindow> LinuxShell::makeMainWindow(ShellContext& context) {
     const QVariantMap properties{{"session", QVariant::fromValue(&session(context))},
                                  {"model", QVariant::fromValue(&*m_main)}};
     auto window = std::make_unique<Window>(*this, QuickMainWindow::Content{screen("MainView"), properties});
+    m_mainContent.reset();
     setAppearance(m_appearance);
     setMainMenu(m_menu, m_chosen);
     setActivationPolicy(m_policy);

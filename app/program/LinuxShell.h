@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/platform/linux/services/DesktopMotion.h"
 #include "app/platform/linux/tray/LinuxStatusBar.h"
 #include "app/platform/linux/x11/X11Connection.h"
 #include "app/platform/linux/x11/X11HotKey.h"
@@ -9,11 +10,11 @@
 #include "app/platform/qt/QuickContent.h"
 #include "app/platform/qt/QuickMainWindow.h"
 #include "app/platform/qt/QuickShields.h"
-#include "app/program/AppearanceMotion.h"
 #include "app/shell/DesktopShell.h"
 #include "app/shell/MainModel.h"
 #include "app/shell/SessionModel.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <filesystem>
 #include <memory>
@@ -30,9 +31,11 @@ public:
         MainLoop& loop;
         X11Connection& connection;
         Timers& timers;
-        const velmorin::Appearance& appearance;
-        std::filesystem::path icons; ///< the folder with the icon in its sizes
+        velmorin::Appearance& appearance; ///< of the screens, which hear from here how much may move
+        std::filesystem::path icons;      ///< the folder with the icon in its sizes
         QByteArray applicationID;
+        /// Whether the main window will soon be asked for; its content is then read meanwhile, by another thread.
+        bool expectsMainWindow = false;
     };
 
     explicit LinuxShell(Seams seams);
@@ -68,11 +71,12 @@ private:
     LinuxStatusBar m_statusBar;
     X11Layers m_layers;
     QtScreens m_screens;
-    AppearanceMotion m_motion;
+    DesktopMotion m_motion;
     // The models go after the engine, whose objects show them.
     std::optional<SessionModel> m_session;
     std::optional<MainModel> m_main;
     QQmlEngine m_engine;
+    std::optional<QQmlComponent> m_mainContent; ///< as long as it is read ahead
     QuickContent m_overlayContent;
     QuickContent m_backdropContent;
     QuickShields m_shields;
@@ -81,6 +85,7 @@ private:
     Cancellable m_preparing;
     Cancellable m_sessionWatch;
     Cancellable m_languageWatch;
+    Cancellable m_motionWatch;
 };
 
 } // namespace velmorin

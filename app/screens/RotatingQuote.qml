@@ -55,6 +55,7 @@ Item {
         id: oneLine
 
         visible: false
+        isSaid: true
         text: " "
         size: root.size * root.unit
         Accessible.ignored: true
@@ -68,7 +69,7 @@ Item {
         opacity: 1 - root.arrival
         text: root.former
         size: root.size * root.unit
-        Accessible.ignored: true
+        isSaid: true
     }
 
     QuoteText {

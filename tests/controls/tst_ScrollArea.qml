@@ -44,7 +44,7 @@ Bench {
             Stage.reset();
             page.width = 600;
             page.contentY = 0;
-            waitForRendering(page);
+            settle(page);
         }
 
         function test_whatTheTabKeyLeadsToComesIntoView() {
@@ -71,6 +71,7 @@ Bench {
 
         function test_keysScroll() {
             cards.itemAt(0).forceActiveFocus();
+            wait(0); // until it has come into view
             page.contentY = 0;
             keyClick(Qt.Key_PageDown);
             compare(page.contentY, 360);
@@ -94,21 +95,22 @@ Bench {
 
         function test_theBarIsAtTheEndOfTheLines() {
             const bar = page.children[page.children.length - 1];
-            verify(left(bar) < 20);
+            verify(leftOf(bar) < 20);
             Stage.setLanguage("en");
-            verify(left(bar) > 560);
+            verify(leftOf(bar) > 560);
         }
 
         function test_thePageIsAtMost680Wide() {
             page.width = 1000;
-            waitForRendering(page);
+            settle(page);
             const column = page.contentItem.children[0];
             compare(column.width, 680);
             compare(column.x, 160);
         }
 
         function test_theTitles() {
-            const [title, subtitle] = page.contentItem.children[0].children[0].children;
+            const title = page.contentItem.children[0].children[0].children[0];
+            const subtitle = page.contentItem.children[0].children[0].children[1];
             compare(title.text, Texts.tabThoughts);
             compare(title.font.weight, Font.DemiBold);
             compare(title.font.pixelSize, 32);
@@ -118,7 +120,7 @@ Bench {
 
         function test_aShortContentDoesNotScroll() {
             cards.model = 1;
-            waitForRendering(page);
+            settle(page);
             verify(!page.overflows);
             verify(!page.interactive);
             cards.model = 12;
@@ -127,7 +129,7 @@ Bench {
         function test_whenTheContentShrinksThePlaceIsFoundAgain() {
             page.contentY = page.contentHeight - page.height;
             cards.model = 1;
-            waitForRendering(page);
+            settle(page);
             compare(page.contentY, 0);
             cards.model = 12;
         }

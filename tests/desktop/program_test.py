@@ -51,7 +51,7 @@ class ProgramTest(unittest.TestCase):
 
     def test_a_start_by_the_user_shows_the_main_window_in_the_middle_of_the_screen(self):
         window = self.start_and_show()
-        wait_until(lambda: self.program.is_painted(window))
+        wait_until(self.program.is_painted)
         wait_until(lambda: self.program.has_keyboard(window))
         geometry = self.desktop.run("xdotool", "getwindowgeometry", "--shell", window)
         values = dict(line.split("=") for line in geometry.splitlines())
@@ -98,7 +98,7 @@ class ProgramTest(unittest.TestCase):
                       lambda window: self.program.press(window, "ctrl+w")):
             self.program.start() if self.program.process is None else self.program.another().wait(10)
             window = self.program.await_window()
-            wait_until(lambda: self.program.is_painted(window))
+            wait_until(self.program.is_painted)
             close(window)
             wait_until(lambda: not self.program.windows())
             self.stays_without_window()
@@ -116,6 +116,15 @@ class ProgramTest(unittest.TestCase):
 
     def test_control_q_ends_it_outside_a_session(self):
         self.program.press(self.start_and_show(), "ctrl+q")
+        self.assertEqual(self.program.process.wait(10), 0)
+
+    def test_control_q_ends_it_on_a_keyboard_without_latin_letters(self):
+        self.desktop.run("setxkbmap", "-layout", "ir")
+        window = self.start_and_show()
+        wait_until(self.program.is_painted)
+        wait_until(lambda: self.program.has_keyboard(window))
+        for action in ("keydown", "Control_L"), ("key", "24"), ("keyup", "Control_L"):
+            self.desktop.run("xdotool", *action)
         self.assertEqual(self.program.process.wait(10), 0)
 
     def test_requests_to_end_are_granted_outside_a_session(self):
@@ -208,10 +217,11 @@ class ProgramTest(unittest.TestCase):
         shortcuts = self.program.home / "shortcuts"
         shortcuts.mkdir()
         told = self.desktop.folder / "environment"
-        script = shortcuts / "Velmorin On"
+        script = shortcuts / "Velmorin Off"
         script.write_text(f"#!/bin/sh\nenv > {told}.new && mv {told}.new {told}\n")
         script.chmod(0o755)
-        self.leave_and_start()
+        self.program.leave_session(3, [ALLOWED])
+        self.program.start()
         wait_until(told.exists)
         given = {**self.desktop.environment, **self.program.environment}
         own = {line.partition("=")[0] for line in told.read_text().splitlines() if "=" in line}

@@ -31,7 +31,7 @@ class TrayTest(unittest.TestCase):
         """Leaves it with its icon alone."""
         self.program.start()
         window = self.program.await_window()
-        wait_until(lambda: self.program.is_painted(window))
+        wait_until(self.program.is_painted)
         self.desktop.run("wmctrl", "-i", "-c", window)
         wait_until(lambda: not self.program.windows())
 
@@ -62,11 +62,10 @@ class WindowTrayTest(TrayTest):
     def menus(self):
         """The menus that are open, which no window manager frames."""
         tree = self.desktop.run("xwininfo", "-root", "-tree")
-        numbers = re.findall(r'(0x[0-9a-f]+) \S*.*\("Vel-\w+" "Velmorin"\)', tree)
-        return [number for number in numbers
-                if "Override Redirect State: yes" in (told := self.desktop.run("xwininfo", "-id", number, check=False))
-                and "IsViewable" in told and "POPUP_MENU" in self.desktop.run(
-                    "xprop", "-id", number, "_NET_WM_WINDOW_TYPE", check=False)]
+        sizes = re.findall(r'(0x[0-9a-f]+) .*\("Vel-\w+" "Velmorin"\)\s+(\d+)x', tree)
+        narrow = [number for number, width in sizes if 60 < int(width) < 600]
+        told = [self.desktop.run("xwininfo", "-id", number, check=False) for number in narrow]
+        return [text for text in told if "Override Redirect State: yes" in text and "IsViewable" in text]
 
     def test_a_click_on_the_icon_opens_the_main_window(self):
         self.start_bar()
@@ -133,7 +132,7 @@ class AnnouncedTrayTest(TrayTest):
 
     def ask(self, item, path, method, *arguments):
         return self.desktop.run(
-            "gdbus", "call", "--session", "-d", item, "-o", path, "-m", method, *map(str, arguments))
+            "gdbus", "call", "--session", "-d", item, "-o", path, "-m", method, "--", *map(str, arguments))
 
     def property(self, item, name):
         return self.ask(item, "/StatusNotifierItem", "org.freedesktop.DBus.Properties.Get",

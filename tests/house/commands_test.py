@@ -38,7 +38,7 @@ libclang-rt-dev
 REAL_TOOLS = "awk bash cat cmp cp cut dirname env git grep mkdir mktemp nproc rm sed tail".split()
 
 # What ./run builds.
-PROGRAMS = "velmorin-lock velmorin-watchdog velmorin-browser-host velmorin-browser-script browser-extension"
+PROGRAMS = "Velmorin velmorin-lock velmorin-watchdog velmorin-browser-host velmorin-browser-script browser-extension"
 
 FAKES = {
     # Knows of every package but those in the file `missing`.
@@ -100,7 +100,7 @@ class CommandTest(unittest.TestCase):
     def program(self, name, body):
         """Puts a program into the tree that `./run` believes to have built."""
         file = self.root / "build/release/bin" / name
-        file.parent.mkdir(parents=True)
+        file.parent.mkdir(parents=True, exist_ok=True)
         file.write_text(f"#!{shutil.which('bash')}\n{body}\n")
         file.chmod(0o755)
 
@@ -110,8 +110,8 @@ class CommandTest(unittest.TestCase):
     def missing(self, *packages):
         (self.fakes / "missing").write_text("".join(f"{package}\n" for package in packages))
 
-    def call(self, command, *arguments, cwd=None):
-        environment = {"PATH": str(self.fakes), "HOME": str(self.folder)}
+    def call(self, command, *arguments, cwd=None, **variables):
+        environment = {"PATH": str(self.fakes), "HOME": str(self.folder), **variables}
         return subprocess.run(
             [self.root / command, *arguments],
             cwd=cwd or self.folder,
@@ -393,32 +393,58 @@ class TestCommandTest(CommandTest):
 
 
 class RunCommandTest(CommandTest):
-    def test_without_arguments_it_plays_the_demonstration(self):
+    PLAYED = "<scripts/demonstration.py><build/release/bin><build/pictures>"
+
+    def test_with_a_display_it_opens_the_program(self):
+        self.missing("scrot")
+        self.program("velmorin-lock", "exit 0")
+        self.program("Velmorin", 'printf "opened<%s>" "$*"')
+        done = self.call("run", DISPLAY=":0")
+        self.assertEqual(0, done.returncode, done.stderr)
+        self.assertTrue(done.stdout.endswith("opened<>"), done.stdout)
+        self.assertEqual([], self.calls("apt-get"), "it takes no pictures")
+
+    def test_without_a_display_it_plays_the_demonstration(self):
         self.missing("scrot")
         self.fake("python3", 'printf "<%s>" "$@"')
         done = self.call("run")
         self.assertIn("scrot", self.calls("apt-get")[-1])
-        self.assertTrue(done.stdout.endswith("<scripts/demonstration.py><build/release/bin><build/pictures>"), done.stdout)
+        self.assertTrue(done.stdout.endswith(self.PLAYED), done.stdout)
 
-    def test_it_builds_and_starts_the_program_where_it_was_called(self):
+    def test_with_a_display_that_is_not_there_it_plays_the_demonstration(self):
+        self.missing("scrot")
+        self.program("velmorin-lock", "exit 2")
+        self.program("Velmorin", "echo opened")
+        self.fake("python3", 'printf "<%s>" "$@"')
+        done = self.call("run", DISPLAY=":4711")
+        self.assertIn("scrot", self.calls("apt-get")[-1])
+        self.assertIn(":4711", done.stderr)
+        self.assertTrue(done.stdout.endswith(self.PLAYED), done.stdout)
+
+    def test_the_demonstration_can_be_asked_for(self):
+        self.fake("python3", 'printf "<%s>" "$@"')
+        done = self.call("run", "--demonstration", DISPLAY=":0")
+        self.assertTrue(done.stdout.endswith(self.PLAYED), done.stdout)
+
+    def test_it_builds_and_starts_the_windowless_program_where_it_was_called(self):
         self.program("velmorin-lock", 'pwd; printf "<%s>" "$@"')
-        done = self.call("run", "one", "two words")
+        done = self.call("run", "--lock", "one", "two words")
         self.assertEqual(0, done.returncode, done.stderr)
         self.assertTrue(done.stdout.endswith(f"{self.folder}\n<one><two words>"), done.stdout)
         self.assertEqual("cmake --preset release", self.calls("cmake")[0])
 
-    def test_two_dashes_hand_even_help_to_the_program(self):
+    def test_the_windowless_program_is_handed_even_help(self):
         self.program("velmorin-lock", 'printf "<%s>" "$@"')
-        self.assertTrue(self.call("run", "--", "--help").stdout.endswith("<--help>"))
+        self.assertTrue(self.call("run", "--lock", "--help").stdout.endswith("<--help>"))
 
     def test_the_status_is_that_of_the_program(self):
         self.program("velmorin-lock", "exit 7")
-        self.assertEqual(7, self.call("run", "profile.json").returncode)
+        self.assertEqual(7, self.call("run", "--lock", "profile.json").returncode)
 
     def test_a_failing_build_starts_nothing(self):
         self.program("velmorin-lock", "echo started")
         self.fake("cmake", 'if [[ $* == *--build* ]]; then echo "error: no"; exit 1; fi')
-        done = self.call("run", "profile.json")
+        done = self.call("run", "--lock", "profile.json")
         self.assertEqual(1, done.returncode)
         self.assertIn("error: no", done.stderr)
         self.assertNotIn("started", done.stdout)
@@ -426,8 +452,14 @@ class RunCommandTest(CommandTest):
     def test_what_only_tests_need_is_not_installed(self):
         self.program("velmorin-lock", "")
         self.missing("clang", "clang-format", "scrot")
-        self.call("run", "profile.json")
+        self.call("run", "--lock", "profile.json")
         self.assertEqual([], self.calls("apt-get"))
+
+    def test_what_it_does_not_understand_is_an_error(self):
+        done = self.call("run", "profile.json")
+        self.assertEqual(2, done.returncode)
+        self.assertIn("Usage: ./run", done.stderr)
+        self.assertEqual([], self.calls())
 
     def test_help_does_nothing_else(self):
         done = self.call("run", "--help")

@@ -4,6 +4,7 @@
 #include "app/platform/qt/QuickCoverWindow.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <algorithm>
 #include <functional>
 #include <iterator>
@@ -51,6 +52,8 @@ QuickCovers::~QuickCovers() {
 std::unique_ptr<CoverWindow> QuickCovers::make(const Rectangle& frame, const CoverContent& content) {
     auto window = std::make_unique<Window>([this] { shownChanged(nullptr); });
     window->setFlags(flags());
+    // Nobody sees it, but a screen reader calls the window so.
+    window->setTitle(QGuiApplication::applicationDisplayName());
     window->setScreen(screenOf(frame));
     window->setGeometry(toQRect(frame));
     m_content.fill(*window, content);

@@ -10,6 +10,7 @@
 #include <QQuickView>
 #include <QScreen>
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -22,6 +23,27 @@ constexpr QSize minimumSize{900, 680};
 
 // Tells when the window has been painted for the first time, for whoever measures the start.
 Q_LOGGING_CATEGORY(start, "velmorin.start", QtWarningMsg)
+
+/// Where the letters of menus are on a Latin keyboard, counted as Linux' input drivers do.
+constexpr std::array<std::pair<quint32, Qt::Key>, 7> latinKeys{{
+    {24, Qt::Key_Q},
+    {25, Qt::Key_W},
+    {38, Qt::Key_A},
+    {52, Qt::Key_Z},
+    {53, Qt::Key_X},
+    {54, Qt::Key_C},
+    {55, Qt::Key_V},
+}};
+
+/// The key by which a menu or a text field knows a letter pressed together with Control. A user whose only layout has
+/// no Latin letters finds them where they would be; with a second layout that has them, the toolkit sees to that
+/// itself.
+int letterOf(const QKeyEvent& event) {
+    constexpr int lastLatin = 0xff;
+    if (event.modifiers() != Qt::ControlModifier || event.key() <= lastLatin) return event.key();
+    const auto found = std::ranges::find(latinKeys, event.nativeScanCode(), &std::pair<quint32, Qt::Key>::first);
+    return found == latinKeys.end() ? event.key() : found->second;
+}
 
 } // namespace
 
@@ -48,9 +70,16 @@ protected:
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        QQuickView::keyPressEvent(event);
+        const int key = letterOf(*event);
+        if (key == event->key()) {
+            QQuickView::keyPressEvent(event);
+        } else {
+            QKeyEvent letter{event->type(), key, event->modifiers(), {}, event->isAutoRepeat()};
+            QQuickView::keyPressEvent(&letter);
+            event->setAccepted(letter.isAccepted());
+        }
         if (event->isAccepted() || event->modifiers() != Qt::ControlModifier) return;
-        const auto action = actionOf(event->key());
+        const auto action = actionOf(key);
         if (action == MenuAction::performClose) {
             event->accept();
             close();

@@ -21,6 +21,30 @@ struct FreeReply {
 template <class T>
 using Reply = std::unique_ptr<T, FreeReply>;
 
+/// What a window manager speaks of.
+struct Atoms {
+    xcb_atom_t state, skipTaskbar, skipPager, activeWindow, themeVariant, utf8;
+};
+
+/// All in one question, which is asked once: each would take a way to the server and back.
+const Atoms& atoms(xcb_connection_t* connection) {
+    static const Atoms found = [connection] {
+        constexpr std::array<std::string_view, 6> names{
+            "_NET_WM_STATE",      "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER",
+            "_NET_ACTIVE_WINDOW", "_GTK_THEME_VARIANT",         "UTF8_STRING"};
+        std::array<xcb_intern_atom_cookie_t, names.size()> cookies{};
+        for (std::size_t i = 0; i < names.size(); ++i)
+            cookies[i] = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(names[i].size()), names[i].data());
+        std::array<xcb_atom_t, names.size()> told{};
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const Reply<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection, cookies[i], nullptr)};
+            if (reply) told[i] = reply->atom;
+        }
+        return Atoms{told[0], told[1], told[2], told[3], told[4], told[5]};
+    }();
+    return found;
+}
+
 /// A window as the server has it, on the toolkit's own connection: so the server hears of things in their order.
 struct Native {
     explicit Native(const QWindow& window) {
@@ -31,14 +55,10 @@ struct Native {
     }
     explicit operator bool() const { return connection != nullptr; }
 
-    xcb_atom_t atom(std::string_view name) const {
-        const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-        const Reply<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection, cookie, nullptr)};
-        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    }
-    std::vector<xcb_atom_t> atoms(xcb_atom_t property) const {
+    const Atoms& names() const { return atoms(connection); }
+    std::vector<xcb_atom_t> states() const {
         constexpr std::uint32_t most = 64;
-        const auto cookie = xcb_get_property(connection, 0, number, property, XCB_ATOM_ATOM, 0, most);
+        const auto cookie = xcb_get_property(connection, 0, number, names().state, XCB_ATOM_ATOM, 0, most);
         const Reply<xcb_get_property_reply_t> reply{xcb_get_property_reply(connection, cookie, nullptr)};
         if (!reply || reply->format != 32) return {};
         const auto* first = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get()));
@@ -49,12 +69,12 @@ struct Native {
                             static_cast<std::uint32_t>(text.size()), text.constData());
     }
     /// Asks the window manager for something concerning the window.
-    void ask(std::string_view message, const std::array<std::uint32_t, 5>& words) const {
+    void ask(xcb_atom_t message, const std::array<std::uint32_t, 5>& words) const {
         xcb_client_message_event_t event{};
         event.response_type = XCB_CLIENT_MESSAGE;
         event.format = 32;
         event.window = number;
-        event.type = atom(message);
+        event.type = message;
         std::memcpy(event.data.data32, words.data(), sizeof event.data.data32);
         std::array<char, sizeof event> bytes{};
         std::memcpy(bytes.data(), &event, sizeof event);
@@ -80,30 +100,28 @@ void setClass(QWindow& window, const QByteArray& name) {
 
 void setDark(QWindow& window, bool isDark) {
     const Native native{window};
-    if (native) native.set(native.atom("_GTK_THEME_VARIANT"), native.atom("UTF8_STRING"), isDark ? "dark" : "light");
+    if (native) native.set(native.names().themeVariant, native.names().utf8, isDark ? "dark" : "light");
 }
 
 void setSkipsTaskbar(QWindow& window, bool skips) {
     const Native native{window};
     if (!native) return;
-    const auto taskbar = native.atom("_NET_WM_STATE_SKIP_TASKBAR");
-    const auto pager = native.atom("_NET_WM_STATE_SKIP_PAGER");
+    const auto& names = native.names();
     // A window that is on the screen belongs to its manager, which keeps its state.
     if (window.isVisible()) {
-        native.ask("_NET_WM_STATE", {skips ? 1U : 0U, taskbar, pager, fromTaskbar, 0});
+        native.ask(names.state, {skips ? 1U : 0U, names.skipTaskbar, names.skipPager, fromTaskbar, 0});
         return;
     }
-    const auto property = native.atom("_NET_WM_STATE");
-    auto states = native.atoms(property);
-    std::erase_if(states, [&](xcb_atom_t state) { return state == taskbar || state == pager; });
-    if (skips) states.insert(states.end(), {taskbar, pager});
-    xcb_change_property(native.connection, XCB_PROP_MODE_REPLACE, native.number, property, XCB_ATOM_ATOM, 32,
+    auto states = native.states();
+    std::erase_if(states, [&](xcb_atom_t state) { return state == names.skipTaskbar || state == names.skipPager; });
+    if (skips) states.insert(states.end(), {names.skipTaskbar, names.skipPager});
+    xcb_change_property(native.connection, XCB_PROP_MODE_REPLACE, native.number, names.state, XCB_ATOM_ATOM, 32,
                         static_cast<std::uint32_t>(states.size()), states.data());
 }
 
 void activate(QWindow& window) {
     const Native native{window};
-    if (native) native.ask("_NET_ACTIVE_WINDOW", {fromTaskbar, XCB_CURRENT_TIME, 0, 0, 0});
+    if (native) native.ask(native.names().activeWindow, {fromTaskbar, XCB_CURRENT_TIME, 0, 0, 0});
 }
 
 } // namespace velmorin::XcbFrame

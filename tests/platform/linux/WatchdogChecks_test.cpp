@@ -138,6 +138,14 @@ TEST(SessionEnvironmentTest, withoutADisplayThereIsNoSession) {
     EXPECT_TRUE(canReachDisplay({{"DISPLAY", "far.example:10.0"}})) << "another machine's is taken at its word";
 }
 
+TEST(SessionEnvironmentTest, theProgramFindsItsThingsWhereTheGuardedSessionHasThem) {
+    const auto canReach = [](const Environment&) { return true; };
+    const Environment own{{"DISPLAY", ":0"}, {"XDG_CONFIG_HOME", "/other"}, {"XDG_DATA_HOME", "/other"}};
+    EXPECT_EQ(changesForSession(own, {{"DISPLAY", ":0"}, {"XDG_DATA_HOME", "/d"}}, canReach),
+              (EnvironmentChanges{{{"XDG_DATA_HOME", "/d"}}, {"XDG_CONFIG_HOME"}}));
+    EXPECT_EQ(changesForSession(own, {}, canReach), EnvironmentChanges{}) << "nothing was saved";
+}
+
 TEST(KeeperTest, aJobsWordsAreReadAsTheyWereWritten) {
     const Words words{"/path/Velmorin", "", "two words", "line\nbreak"};
     EXPECT_EQ(readWords(writtenWords(words)), words);

@@ -27,6 +27,11 @@ bool belongsToDisplay(std::string_view name) {
     return std::ranges::find(ofDisplay, name) != ofDisplay.end();
 }
 
+/// Where the program keeps its things: that of the session which is guarded, whoever starts it again.
+bool isPlace(std::string_view name) {
+    return name == "XDG_DATA_HOME" || name == "XDG_CONFIG_HOME";
+}
+
 bool belongsToSession(std::string_view name) {
     constexpr std::array<std::string_view, 3> others{sessionBus, "LANG", "LANGUAGE"};
     return belongsToDisplay(name) || std::ranges::find(others, name) != others.end() || name.starts_with("XDG_") ||
@@ -119,12 +124,14 @@ std::optional<EnvironmentChanges> changesForSession(const Environment& own, cons
     EnvironmentChanges changes;
     for (const auto& [name, value] : saved) {
         // A service manager has a bus of its own, which need not be that of the session.
-        const bool isReplaced = !isOwn && (belongsToDisplay(name) || name == sessionBus);
+        const bool isReplaced = isPlace(name) || (!isOwn && (belongsToDisplay(name) || name == sessionBus));
         const bool isFilledIn = !belongsToDisplay(name) && !own.contains(name);
         if (isReplaced || isFilledIn) changes.set.emplace(name, value);
     }
-    for (const auto& [name, value] : own)
-        if (!isOwn && belongsToDisplay(name) && !saved.contains(name)) changes.unset.push_back(name);
+    for (const auto& [name, value] : own) {
+        const bool isForeign = isPlace(name) ? !saved.empty() : !isOwn && belongsToDisplay(name);
+        if (isForeign && !saved.contains(name)) changes.unset.push_back(name);
+    }
     return changes;
 }
 

@@ -34,9 +34,9 @@ struct EnvironmentChanges {
 };
 
 /// How the environment `own` becomes that of the user's graphical session, of which `saved` was kept earlier. As long
-/// as `own` names a display that can be reached it is the session's own, and nothing in it is replaced; only what it
-/// lacks is filled in. Else the saved display is taken with all that belongs to it. Absent when neither can be reached:
-/// there is no session to start a program in.
+/// as `own` names a display that can be reached it is the session's own, and nothing in it is replaced but the folders
+/// in which the program keeps its things; only what it lacks is filled in. Else the saved display is taken with all
+/// that belongs to it. Absent when neither can be reached: there is no session to start a program in.
 std::optional<EnvironmentChanges> changesForSession(const Environment& own, const Environment& saved,
                                                     const std::function<bool(const Environment&)>& canReach);
 
