@@ -35,6 +35,8 @@ function(velmorin_library name)
     endif()
 endfunction()
 
+option(VELMORIN_UNITED_TESTS "Compile several files of tests at once: all of them sooner, a changed one later" OFF)
+
 # A test program, each of its cases a test of its own under LABEL.
 function(velmorin_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL" "SOURCES;LIBRARIES")
@@ -47,6 +49,7 @@ function(velmorin_test name)
         target_compile_options(${name} PRIVATE -fno-sanitize=null,alignment,vptr,object-size)
     endif()
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ${VELMORIN_UNITED_TESTS} UNITY_BUILD_BATCH_SIZE 8)
     include(GoogleTest)
     gtest_discover_tests(${name} NO_PRETTY_VALUES
         PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300 DISCOVERY_TIMEOUT 60)
