@@ -13,7 +13,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 constexpr Segment work{SegmentKind::work, 60};
 constexpr Segment shortRest{SegmentKind::shortBreak, 60};
 

@@ -9,7 +9,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 
 class OverlayTransitionTest : public EngineTest, public ::testing::WithParamInterface<std::size_t> {
 protected:

@@ -12,7 +12,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 constexpr double secondsBefore = 10; // seconds until the plan moves on
 
 /// What a change of segment brings.

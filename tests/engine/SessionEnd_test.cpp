@@ -12,7 +12,6 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 constexpr auto historyFile = AppData::historyFile;
 
 class SessionEndTest : public EngineTest {

@@ -8,7 +8,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 
 class SessionResumeTest : public EngineTest {
 protected:

@@ -9,7 +9,6 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 
 class SessionTickTest : public EngineTest {
 protected:

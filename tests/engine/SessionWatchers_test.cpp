@@ -10,7 +10,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto sessionFile = SessionController::sessionFile;
 
 class SessionWatchersTest : public EngineTest {
 protected:

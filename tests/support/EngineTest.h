@@ -28,6 +28,7 @@ protected:
     static constexpr Segment shortRest{SegmentKind::shortBreak, 60};
     static constexpr Segment longRest{SegmentKind::longBreak, 60};
     static constexpr Segment lockedRest{SegmentKind::lockedBreak, 60};
+    static constexpr auto sessionFile = SessionController::sessionFile;
     /// Long enough for an early end.
     static constexpr const char* reason = "enough for today";
 

@@ -12,7 +12,7 @@
 namespace velmorin {
 namespace {
 
-constexpr std::array allThemes{ColorTheme::dusk, ColorTheme::dawn, ColorTheme::aurora};
+constexpr std::array everyTheme{ColorTheme::dusk, ColorTheme::dawn, ColorTheme::aurora};
 
 using Channels = std::array<double, 3>;
 
@@ -47,7 +47,7 @@ Channels channels(std::uint32_t pixel) {
 }
 
 TEST(GlowFieldTest, everyColourIsThatOfTheTwoGlows) {
-    for (const auto theme : allThemes) {
+    for (const auto theme : everyTheme) {
         const ThemeColors& colors = ThemeColors::of(theme);
         for (const auto& [width, height] : {std::pair{1920.0, 1080.0}, {600.0, 1200.0}, {333.0, 77.0}}) {
             const GlowField field{colors, width, height};

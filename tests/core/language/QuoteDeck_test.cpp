@@ -11,8 +11,8 @@
 namespace velmorin {
 namespace {
 
-constexpr auto german = AppLanguage::german;
-constexpr auto persian = AppLanguage::persian;
+constexpr auto inGerman = AppLanguage::german;
+constexpr auto inPersian = AppLanguage::persian;
 
 /// A source of random numbers that is the same for each seed.
 RandomDraw seeded(std::uint64_t seed) {
@@ -33,7 +33,7 @@ TEST(QuoteDeckTest, aNewDeckIsEmptyAndTheFirstDrawBeginsARotation) {
     QuoteDeck deck;
     EXPECT_TRUE(deck.remaining.empty());
     EXPECT_TRUE(deck.last.empty());
-    const auto index = indexDealt(deck, QuoteCategory::urge, persian, seeded(1));
+    const auto index = indexDealt(deck, QuoteCategory::urge, inPersian, seeded(1));
     EXPECT_EQ(deck.remaining.at("urge").size(), 89U);
     EXPECT_EQ(std::ranges::count(deck.remaining.at("urge"), index), 0);
     EXPECT_EQ(deck.last.size(), 1U);
@@ -49,7 +49,7 @@ TEST(QuoteDeckTest, aRotationDealsEachSentenceOnceAndNeverRepeatsAcrossTheSeam) 
         for (int rotation = 0; rotation < 3; ++rotation) {
             std::set<std::int64_t> dealt;
             for (std::size_t round = 0; round < count; ++round) {
-                const auto text = deck.next(category, persian, draw);
+                const auto text = deck.next(category, inPersian, draw);
                 const auto index = deck.last.at(std::string{rawValue(category)});
                 ASSERT_EQ(text, sentences(category)[static_cast<std::size_t>(index)]);
                 ASSERT_NE(index, before) << seed;
@@ -63,24 +63,24 @@ TEST(QuoteDeckTest, aRotationDealsEachSentenceOnceAndNeverRepeatsAcrossTheSeam) 
 TEST(QuoteDeckTest, theSentenceThatEndedARotationDoesNotOpenTheNext) {
     QuoteDeck deck;
     deck.last["rest"] = 29;
-    EXPECT_EQ(indexDealt(deck, QuoteCategory::rest, persian, highest), 0) << "first and last have changed places";
+    EXPECT_EQ(indexDealt(deck, QuoteCategory::rest, inPersian, highest), 0) << "first and last have changed places";
     EXPECT_EQ(deck.remaining.at("rest").front(), 29);
     QuoteDeck other;
     other.last["rest"] = 28;
-    EXPECT_EQ(indexDealt(other, QuoteCategory::rest, persian, highest), 29) << "nothing to change";
+    EXPECT_EQ(indexDealt(other, QuoteCategory::rest, inPersian, highest), 29) << "nothing to change";
 }
 
 TEST(QuoteDeckTest, aShuffleDrawsOncePerStepFromTheEnd) {
     std::vector<std::uint64_t> bounds;
     QuoteDeck deck;
-    deck.next(QuoteCategory::exit, persian, [&bounds](std::uint64_t bound) {
+    deck.next(QuoteCategory::exit, inPersian, [&bounds](std::uint64_t bound) {
         bounds.push_back(bound);
         return std::uint64_t{0};
     });
     ASSERT_EQ(bounds.size(), 19U);
     EXPECT_EQ(bounds.front(), 20U);
     EXPECT_EQ(bounds.back(), 2U);
-    deck.next(QuoteCategory::exit, persian, [](std::uint64_t) -> std::uint64_t {
+    deck.next(QuoteCategory::exit, inPersian, [](std::uint64_t) -> std::uint64_t {
         ADD_FAILURE() << "a rotation is shuffled once";
         return 0;
     });
@@ -91,7 +91,7 @@ TEST(QuoteDeckTest, noGeneratorMakesTheSeamRepeat) {
         QuoteDeck deck;
         std::int64_t before = -1;
         for (int round = 0; round < 200; ++round) {
-            const auto index = indexDealt(deck, QuoteCategory::urge, persian, draw);
+            const auto index = indexDealt(deck, QuoteCategory::urge, inPersian, draw);
             ASSERT_NE(index, before);
             before = index;
         }
@@ -102,16 +102,16 @@ TEST(QuoteDeckTest, theSystemsRandomSourceDealsARotationToo) {
     QuoteDeck deck;
     std::set<std::string_view> dealt;
     for (int round = 0; round < 20; ++round)
-        dealt.insert(deck.next(QuoteCategory::exit, german));
+        dealt.insert(deck.next(QuoteCategory::exit, inGerman));
     EXPECT_EQ(dealt.size(), 20U);
 }
 
 TEST(QuoteDeckTest, categoriesDoNotTouchEachOther) {
     QuoteDeck deck;
     const auto draw = seeded(4);
-    deck.next(QuoteCategory::urge, persian, draw);
+    deck.next(QuoteCategory::urge, inPersian, draw);
     const auto urge = deck.remaining.at("urge");
-    deck.next(QuoteCategory::rest, persian, draw);
+    deck.next(QuoteCategory::rest, inPersian, draw);
     EXPECT_EQ(deck.remaining.at("urge"), urge);
     EXPECT_EQ(deck.remaining.size(), 2U);
     EXPECT_EQ(deck.last.size(), 2U);
@@ -120,28 +120,28 @@ TEST(QuoteDeckTest, categoriesDoNotTouchEachOther) {
 TEST(QuoteDeckTest, anotherLanguageGoesOnInTheSameRotation) {
     QuoteDeck deck;
     const auto draw = seeded(5);
-    const auto first = indexDealt(deck, QuoteCategory::rest, german, draw);
-    const auto second = indexDealt(deck, QuoteCategory::rest, persian, draw);
+    const auto first = indexDealt(deck, QuoteCategory::rest, inGerman, draw);
+    const auto second = indexDealt(deck, QuoteCategory::rest, inPersian, draw);
     EXPECT_NE(first, second);
     EXPECT_EQ(deck.remaining.at("rest").size(), 28U);
 }
 
 TEST(QuoteDeckTest, ofASavedRotationOnlyPlacesThatExistAreDealt) {
     QuoteDeck deck{{{"finish", {7, 25, -1}}}, {}};
-    EXPECT_EQ(indexDealt(deck, QuoteCategory::finish, persian, highest), 7);
+    EXPECT_EQ(indexDealt(deck, QuoteCategory::finish, inPersian, highest), 7);
     EXPECT_TRUE(deck.remaining.at("finish").empty());
 }
 
 TEST(QuoteDeckTest, aSavedRotationOfOnlyUnknownPlacesBeginsAnew) {
     QuoteDeck deck{{{"exit", {20, 21, 99}}}, {}};
-    EXPECT_EQ(indexDealt(deck, QuoteCategory::exit, persian, highest), 19);
+    EXPECT_EQ(indexDealt(deck, QuoteCategory::exit, inPersian, highest), 19);
     EXPECT_EQ(deck.remaining.at("exit").size(), 19U);
 }
 
 TEST(QuoteDeckTest, aDeckReadsBackAndNeedsBothOfItsKeys) {
     QuoteDeck deck;
-    deck.next(QuoteCategory::exit, persian, seeded(6));
-    deck.next(QuoteCategory::finish, persian, seeded(7));
+    deck.next(QuoteCategory::exit, inPersian, seeded(6));
+    deck.next(QuoteCategory::finish, inPersian, seeded(7));
     EXPECT_EQ(decodeJSON<QuoteDeck>(*encodeJSON(deck)), deck);
     EXPECT_EQ(encodeJSON(QuoteDeck{}), R"({"remaining":{},"last":{}})");
     EXPECT_FALSE(decodeJSON<QuoteDeck>(R"({"remaining":{}})"));

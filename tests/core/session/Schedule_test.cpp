@@ -9,7 +9,7 @@
 namespace velmorin {
 namespace {
 
-const Date start{800'000'000};
+const Date planStart{800'000'000};
 
 TEST(ScheduleTest, theDefaultPomodoroPlanEndsInALongBreak) {
     const auto plan = Schedule::pomodoro({});
@@ -99,34 +99,34 @@ TEST(ScheduleTest, absurdTimingsStillGiveAPlanInNoTime) {
 
 TEST(ScheduleTest, anInstantBeforeASegmentsEndIsInItAndTheEndIsInTheNext) {
     const auto plan = Schedule::pomodoro({});
-    const auto before = Schedule::status(plan, start, start + 1'499.999);
+    const auto before = Schedule::status(plan, planStart, planStart + 1'499.999);
     EXPECT_EQ(before.segmentIndex, 0);
     EXPECT_NEAR(before.remainingInSegment, 0.001, 1e-6);
-    EXPECT_EQ(Schedule::status(plan, start, start + 1'500.0),
+    EXPECT_EQ(Schedule::status(plan, planStart, planStart + 1'500.0),
               (ScheduleStatus{1, SegmentKind::shortBreak, 300.0, 6'300.0, false}));
 }
 
 TEST(ScheduleTest, atThePlansEndItIsFinishedAtTheLastIndex) {
     const auto plan = Schedule::pomodoro({});
     const ScheduleStatus finished{7, SegmentKind::longBreak, 0.0, 0.0, true};
-    EXPECT_FALSE(Schedule::status(plan, start, start + 7'799.999).isFinished);
-    EXPECT_EQ(Schedule::status(plan, start, start + 7'800.0), finished);
-    EXPECT_EQ(Schedule::status(plan, start, start + 1e9), finished);
+    EXPECT_FALSE(Schedule::status(plan, planStart, planStart + 7'799.999).isFinished);
+    EXPECT_EQ(Schedule::status(plan, planStart, planStart + 7'800.0), finished);
+    EXPECT_EQ(Schedule::status(plan, planStart, planStart + 1e9), finished);
 }
 
 TEST(ScheduleTest, aMomentBeforeTheStartIsTheStart) {
-    EXPECT_EQ(Schedule::status(Schedule::pomodoro({}), start, start - 3'600.0),
+    EXPECT_EQ(Schedule::status(Schedule::pomodoro({}), planStart, planStart - 3'600.0),
               (ScheduleStatus{0, SegmentKind::work, 1'500.0, 7'800.0, false}));
 }
 
 TEST(ScheduleTest, anEmptyPlanIsFinishedAtIndexZero) {
-    EXPECT_EQ(Schedule::status({}, start, start), (ScheduleStatus{0, SegmentKind::work, 0.0, 0.0, true}));
+    EXPECT_EQ(Schedule::status({}, planStart, planStart), (ScheduleStatus{0, SegmentKind::work, 0.0, 0.0, true}));
 }
 
 TEST(ScheduleTest, aFinishedPlanIsNotLockedWhateverItsLastSegment) {
     const std::vector<Segment> plan{{SegmentKind::work, 60}};
-    EXPECT_TRUE(Schedule::status(plan, start, start).isLocked());
-    EXPECT_FALSE(Schedule::status(plan, start, start + 60.0).isLocked());
+    EXPECT_TRUE(Schedule::status(plan, planStart, planStart).isLocked());
+    EXPECT_FALSE(Schedule::status(plan, planStart, planStart + 60.0).isLocked());
 }
 
 TEST(ScheduleTest, workAndLockedBreaksAreLockedAndFreeBreaksAreNot) {
@@ -138,9 +138,9 @@ TEST(ScheduleTest, workAndLockedBreaksAreLockedAndFreeBreaksAreNot) {
 
 TEST(ScheduleTest, finishedWorkForgivesAHundredthOfASecond) {
     const auto plan = Schedule::pomodoro({});
-    EXPECT_EQ(text(Schedule::finishedWork(plan, start, start + (1'500.0 - 0.005))), "W25");
-    EXPECT_EQ(text(Schedule::finishedWork(plan, start, start + (1'500.0 - 0.02))), "");
-    EXPECT_EQ(text(Schedule::finishedWork(plan, start, start + 7'800.0)), "W25 W25 W25 W25");
+    EXPECT_EQ(text(Schedule::finishedWork(plan, planStart, planStart + (1'500.0 - 0.005))), "W25");
+    EXPECT_EQ(text(Schedule::finishedWork(plan, planStart, planStart + (1'500.0 - 0.02))), "");
+    EXPECT_EQ(text(Schedule::finishedWork(plan, planStart, planStart + 7'800.0)), "W25 W25 W25 W25");
 }
 
 TEST(ScheduleTest, aBlockThatLacksJustAHundredthIsFinished) {
@@ -158,32 +158,32 @@ TEST(ScheduleTest, theTimeLeftIsTheWholeLessTheElapsed) {
 
 TEST(ScheduleTest, onlyFinishedWorkHasATolerance) {
     const auto plan = Schedule::pomodoro({});
-    const Date almost = start + (1'500.0 - 0.005);
-    EXPECT_EQ(Schedule::status(plan, start, almost).segmentIndex, 0);
-    EXPECT_LT(Schedule::focusedSeconds(plan, start, almost), 1'500.0);
+    const Date almost = planStart + (1'500.0 - 0.005);
+    EXPECT_EQ(Schedule::status(plan, planStart, almost).segmentIndex, 0);
+    EXPECT_LT(Schedule::focusedSeconds(plan, planStart, almost), 1'500.0);
 }
 
 TEST(ScheduleTest, focusedSecondsStandStillDuringALockedBreak) {
     const auto plan = Schedule::deep({});
     for (const double into : {0.0, 1.0, 150.0, 300.0}) {
-        EXPECT_EQ(Schedule::focusedSeconds(plan, start, start + (3'600.0 + into)), 3'600.0) << into;
+        EXPECT_EQ(Schedule::focusedSeconds(plan, planStart, planStart + (3'600.0 + into)), 3'600.0) << into;
     }
 }
 
 TEST(ScheduleTest, aBlockLeftInTheMiddleIsNotFinishedButItsTimeIsFocused) {
     const auto plan = Schedule::deep({});
-    const Date now = start + (3'600.0 + 300.0 + 1'000.0);
-    EXPECT_EQ(text(Schedule::finishedWork(plan, start, now)), "W60");
-    EXPECT_EQ(Schedule::focusedSeconds(plan, start, now), 4'600.0);
+    const Date now = planStart + (3'600.0 + 300.0 + 1'000.0);
+    EXPECT_EQ(text(Schedule::finishedWork(plan, planStart, now)), "W60");
+    EXPECT_EQ(Schedule::focusedSeconds(plan, planStart, now), 4'600.0);
 }
 
 TEST(ScheduleTest, timeBeyondThePlanAddsNothing) {
-    EXPECT_EQ(Schedule::focusedSeconds(Schedule::pomodoro({}), start, start + 1e9), 6'000.0);
+    EXPECT_EQ(Schedule::focusedSeconds(Schedule::pomodoro({}), planStart, planStart + 1e9), 6'000.0);
 }
 
 TEST(ScheduleTest, anEmptyPlanHasNoFocusAndNoFinishedWork) {
-    EXPECT_EQ(Schedule::focusedSeconds({}, start, start + 60.0), 0.0);
-    EXPECT_TRUE(Schedule::finishedWork({}, start, start + 60.0).empty());
+    EXPECT_EQ(Schedule::focusedSeconds({}, planStart, planStart + 60.0), 0.0);
+    EXPECT_TRUE(Schedule::finishedWork({}, planStart, planStart + 60.0).empty());
     EXPECT_EQ(Schedule::totalDuration({}), 0.0);
 }
 

@@ -8,22 +8,22 @@
 namespace velmorin {
 namespace {
 
-const Date start{800'000'000};
+const Date recordStart{800'000'000};
 
 ActiveSession pomodoroSession() {
-    return {"Work", SessionMode::pomodoro, "Write", start, Schedule::pomodoro({}), {}, {}};
+    return {"Work", SessionMode::pomodoro, "Write", recordStart, Schedule::pomodoro({}), {}, {}};
 }
 
 ActiveSession deepSession() {
-    return {"Work", SessionMode::deep, "Write", start, Schedule::deep({}), {}, {}};
+    return {"Work", SessionMode::deep, "Write", recordStart, Schedule::deep({}), {}, {}};
 }
 
 SessionRecord aborted(const ActiveSession& session, double afterSeconds) {
-    return {session, start + afterSeconds, SessionOutcome::aborted, "enough"};
+    return {session, recordStart + afterSeconds, SessionOutcome::aborted, "enough"};
 }
 
 SessionRecord completed(const ActiveSession& session, double afterSeconds) {
-    return {session, start + afterSeconds, SessionOutcome::completed, std::nullopt};
+    return {session, recordStart + afterSeconds, SessionOutcome::completed, std::nullopt};
 }
 
 void expectCredit(const SessionRecord& record, std::optional<std::int64_t> rounds, double seconds) {
@@ -40,8 +40,8 @@ TEST(SessionRecordTest, itCopiesWhatTheSessionWas) {
     EXPECT_EQ(record.profileName, "Work");
     EXPECT_EQ(record.mode, SessionMode::pomodoro);
     EXPECT_EQ(record.intent, "Write");
-    EXPECT_EQ(record.startedAt, start);
-    EXPECT_EQ(record.endedAt, start + 60.0);
+    EXPECT_EQ(record.startedAt, recordStart);
+    EXPECT_EQ(record.endedAt, recordStart + 60.0);
     EXPECT_EQ(record.attempts, 7);
     EXPECT_EQ(record.returns, 5);
     EXPECT_EQ(record.outcome, SessionOutcome::aborted);
