@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <iterator>
 
 namespace velmorin {
 
@@ -27,6 +29,12 @@ QString rawName(Value value) {
 }
 
 } // namespace
+
+std::vector<PictureScene> allScenes() {
+    auto scenes = mainScenes();
+    std::ranges::move(overlayScenes(), std::back_inserter(scenes));
+    return scenes;
+}
 
 QImage Gallery::picture(const PictureScene& scene, AppLanguage language, ColorTheme theme) {
     const QTemporaryDir directory;
@@ -80,23 +88,26 @@ bool Gallery::writeSheets(const QDir& folder) const {
 }
 
 QImage Gallery::sheet(AppLanguage language, ColorTheme theme) const {
-    const int count = static_cast<int>(m_scenes.size());
-    const int rows = (count + columns - 1) / columns;
+    std::vector<QImage> pictures;
+    for (const auto& scene : m_scenes) {
+        if (!scene.isOnSheet) continue;
+        pictures.push_back(picture(scene, language, theme)
+                               .scaled(thumbnailWidth, thumbnailHeight, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    }
+    const int rows = (static_cast<int>(pictures.size()) + columns - 1) / columns;
     QImage sheet{columns * (thumbnailWidth + sheetMargin) + sheetMargin,
                  rows * (thumbnailHeight + sheetMargin) + sheetMargin, QImage::Format_RGB32};
-    sheet.fill(Qt::gray);
+    sheet.fill(Qt::white);
     QPainter painter{&sheet};
-    for (int index = 0; index < count; ++index) {
-        const QImage reduced =
-            picture(m_scenes[static_cast<std::size_t>(index)], language, theme)
-                .scaled(thumbnailWidth, thumbnailHeight, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        const int column = index % columns;
-        const int row = index / columns;
-        painter.drawImage(
-            sheetMargin + column * (thumbnailWidth + sheetMargin) + (thumbnailWidth - reduced.width()) / 2,
-            sheetMargin + row * (thumbnailHeight + sheetMargin) + (thumbnailHeight - reduced.height()) / 2, reduced);
+    int index = 0;
+    for (const auto& reduced : pictures) {
+        const int left = sheetMargin + index % columns * (thumbnailWidth + sheetMargin);
+        const int top = sheetMargin + index / columns * (thumbnailHeight + sheetMargin);
+        painter.drawImage(left + (thumbnailWidth - reduced.width()) / 2, top + (thumbnailHeight - reduced.height()) / 2,
+                          reduced);
+        ++index;
     }
-    return sheet.convertToFormat(QImage::Format_Indexed8, Qt::DiffuseAlphaDither);
+    return sheet;
 }
 
 } // namespace velmorin

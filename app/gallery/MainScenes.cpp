@@ -135,6 +135,7 @@ void search(Stage& stage) {
 
 PictureScene scene(const QString& name, std::function<void(Stage&)> setUp, QSize size = usual) {
     PictureScene made{name, size, QStringLiteral("MainView"), std::move(setUp)};
+    made.isOnSheet = size != small;
     made.models = [](Stage& stage) { return QVariantMap{{QStringLiteral("model"), QVariant::fromValue(&stage.main)}}; };
     return made;
 }

@@ -84,13 +84,19 @@ void comeBackLong(Stage& stage) {
     stage.advance(30 * 60);
 }
 
-void finish(Stage& stage, SessionMode mode, std::int64_t returns) {
+void finish(Stage& stage) {
     keepThoughts(stage);
     SessionRecord record;
-    record.mode = mode;
-    record.focusedSeconds = mode == SessionMode::deep ? 175 * 60 : 100 * 60;
-    if (mode == SessionMode::pomodoro) record.completedRounds = 4;
-    record.returns = returns;
+    record.focusedSeconds = 100 * 60;
+    record.completedRounds = 4;
+    record.returns = 12;
+    stage.controller.setOverlay(Overlay::Finished{record});
+}
+
+void finishDeep(Stage& stage) {
+    SessionRecord record;
+    record.mode = SessionMode::deep;
+    record.focusedSeconds = 175 * 60;
     stage.controller.setOverlay(Overlay::Finished{record});
 }
 
@@ -127,6 +133,12 @@ PictureScene backdrop(const QString& name, std::function<void(Stage&)> setUp, QS
     return {name, size, "BackdropView", std::move(setUp), {{"unit", unitOf(size)}}};
 }
 
+/// Only for whoever looks at the details.
+PictureScene detail(PictureScene scene) {
+    scene.isOnSheet = false;
+    return scene;
+}
+
 PictureScene acting(PictureScene scene, std::function<void(ScreenView&)> act) {
     scene.act = std::move(act);
     return scene;
@@ -138,31 +150,29 @@ std::vector<PictureScene> overlayScenes() {
     return {
         overlay("warning", warn),
         overlay("warning-ready", warnReady),
-        overlay("warning-small", warn, small),
-        overlay("warning-long-small", warnLong, small),
-        overlay("warning-large", warnReady, large),
+        detail(overlay("warning-small", warn, small)),
+        detail(overlay("warning-long-small", warnLong, small)),
+        detail(overlay("warning-large", warnReady, large)),
         overlay("exit", leave),
         acting(overlay("exit-ready", leaveAtOnce), writeReason),
-        overlay("exit-small", leaveAtOnce, small),
+        detail(overlay("exit-small", leaveAtOnce, small)),
         overlay("locked-break", restWithThoughts),
-        overlay("locked-break-small", restWithThoughts, small),
-        overlay("locked-break-plain", rest),
+        detail(overlay("locked-break-small", restWithThoughts, small)),
+        detail(overlay("locked-break-plain", rest)),
         overlay("back-to-work", comeBack),
-        overlay("back-to-work-long-small", comeBackLong, small),
-        overlay("finished", [](Stage& stage) { finish(stage, SessionMode::pomodoro, 12); }),
-        overlay(
-            "finished-deep-small", [](Stage& stage) { finish(stage, SessionMode::deep, 3); }, small),
-        overlay(
-            "finished-large", [](Stage& stage) { finish(stage, SessionMode::pomodoro, 0); }, large),
+        detail(overlay("back-to-work-long-small", comeBackLong, small)),
+        overlay("finished", finish),
+        detail(overlay("finished-deep-small", finishDeep, small)),
+        detail(overlay("finished-large", finish, large)),
         secondary("secondary-warning", warn),
         secondary("secondary-rest", rest),
-        secondary("secondary-long", warnLong),
+        detail(secondary("secondary-long", warnLong)),
         backdrop("backdrop", work),
-        backdrop("backdrop-thought", writeFromBackdrop),
+        detail(backdrop("backdrop-thought", writeFromBackdrop)),
         backdrop("backdrop-rest", rest),
         backdrop("backdrop-phone", workWithLostPhone),
-        backdrop("backdrop-long-small", workLong, small),
-        backdrop("backdrop-large", writeFromBackdrop, large),
+        detail(backdrop("backdrop-long-small", workLong, small)),
+        detail(backdrop("backdrop-large", writeFromBackdrop, large)),
     };
 }
 

@@ -21,11 +21,14 @@ struct PictureScene {
     std::function<void(ScreenView&)> act = {}; ///< what the user has done; may be missing
     /// What the component needs of the stage besides; may be missing.
     std::function<QVariantMap(Stage&)> models = {};
+    bool isOnSheet = true; ///< whether it is one of those that tell what the program looks like
 };
 
 /// The main window: its pages, and the sheet of applications.
 std::vector<PictureScene> mainScenes();
 /// The overlay's screens and the backdrop.
 std::vector<PictureScene> overlayScenes();
+/// All of them, each with a name of its own.
+std::vector<PictureScene> allScenes();
 
 } // namespace velmorin

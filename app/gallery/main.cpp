@@ -3,11 +3,8 @@
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QStyleHints>
-#include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <iterator>
-#include <utility>
 
 namespace {
 
@@ -19,9 +16,7 @@ int run(const QCommandLineParser& arguments) {
         std::fprintf(stderr, "velmorin-gallery: cannot make the folder\n");
         return 1;
     }
-    auto scenes = mainScenes();
-    std::ranges::move(overlayScenes(), std::back_inserter(scenes));
-    const Gallery gallery{std::move(scenes)};
+    const Gallery gallery{allScenes()};
     const bool isWritten = arguments.isSet(QStringLiteral("sheets"))
                                ? gallery.writeSheets(folder)
                                : gallery.write(folder, arguments.value(QStringLiteral("only"))) >= 0;

@@ -1,6 +1,7 @@
 #include "app/program/LinuxShell.h"
 
 #include "app/platform/qt/TrayStatusItem.h"
+#include "app/screens/components/ClockDial.h"
 #include "app/shell/BackdropWindows.h"
 #include "app/shell/OverlayWindows.h"
 #include "core/language/AppLanguage.h"
@@ -8,6 +9,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QImageReader>
+#include <QLocale>
 #include <QPixmap>
 #include <QUrl>
 #include <QVariant>
@@ -71,10 +73,12 @@ LinuxShell::LinuxShell(Seams seams)
 
 LinuxShell::~LinuxShell() = default;
 
-/// Of menus; the windows see to theirs.
+/// Of menus, the windows see to theirs; and the customs of the language.
 void LinuxShell::applyDirection() {
     const bool isMirrored = isRightToLeft(*m_seams.appearance.language());
     QGuiApplication::setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
+    const auto locale = localeIdentifier(*m_seams.appearance.language());
+    QLocale::setDefault(QLocale{QString::fromLatin1(locale.data(), static_cast<qsizetype>(locale.size()))});
 }
 
 /// The main window, which this follows as long as it is there.
@@ -150,7 +154,10 @@ std::unique_ptr<MainWindow> LinuxShell::makeMainWindow(ShellContext& context) {
 }
 
 SessionModel& LinuxShell::session(ShellContext& context) {
-    if (!m_session) m_session.emplace(context);
+    if (!m_session) {
+        m_session.emplace(context);
+        ClockDial::setCalendar(context.calendar);
+    }
     return *m_session;
 }
 

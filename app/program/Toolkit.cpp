@@ -38,6 +38,7 @@ private:
 std::unique_ptr<QApplication> makeApplication(char* program, const char* applicationID) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QCoreApplication::setApplicationName(QStringLiteral("Velmorin"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Dravoni"));
     QGuiApplication::setDesktopFileName(QLatin1String{applicationID});
     // The application keeps its arguments.
     static auto option = std::to_array("-platform");

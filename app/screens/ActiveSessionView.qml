@@ -24,7 +24,8 @@ ScrollArea {
             Layout.margins: 18
             session: root.session
             unit: 1
-            shown: root.Window.visibility !== Window.Hidden && root.Window.visibility !== Window.Minimized
+            // Not before it is known what the session is at.
+            shown: root.visible && root.session.segmentAndTotal !== "" && root.Window.visibility !== Window.Hidden && root.Window.visibility !== Window.Minimized
             category: root.session.isWork ? QuoteTask.Urge : QuoteTask.Rest
             alternate: root.session.isWork ? QuoteTask.Returning : QuoteTask.None
             rotateEvery: 60
@@ -51,6 +52,8 @@ ScrollArea {
                     weight: Font.Medium
                     size: 20
                     wrapMode: Text.Wrap
+                    maximumLineCount: 6
+                    elide: Text.ElideRight
                 }
 
                 AppText {

@@ -36,7 +36,8 @@ Item {
 
                 anchors.fill: parent
                 source: root.icon
-                sourceSize: Qt.size(28 * Screen.devicePixelRatio, 28 * Screen.devicePixelRatio)
+                sourceSize.width: 28 * Screen.devicePixelRatio
+                sourceSize.height: 28 * Screen.devicePixelRatio
                 fillMode: Image.PreserveAspectFit
                 asynchronous: true
                 cache: false

@@ -27,8 +27,8 @@ Item {
 
     ScreenColumn {
         anchors.centerIn: parent
-        width: Math.min(parent.width, 900 * root.unit) - 80 * root.unit
-        height: parent.height - 2 * Math.max(16, Math.min(40 * root.unit, parent.height * 0.16 - 88))
+        width: Math.min(parent.width - 80 * root.unit, 900 * root.unit)
+        height: parent.height - 2 * Math.max(10, Math.min(40 * root.unit, parent.height * 0.2 - 120))
         unit: root.unit
         largestGap: 26
 

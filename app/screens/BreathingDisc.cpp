@@ -43,7 +43,9 @@ DrawnItem::Drawing BreathingDisc::drawing() const {
         painter.drawEllipse(center, discRadius * scale, discRadius * scale);
         painter.setPen(QPen{color, ringWidth * unit});
         painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(center, ringRadius * scale, ringRadius * scale);
+        // The line lies within its radius.
+        const double middle = ringRadius * scale - ringWidth * unit / 2;
+        painter.drawEllipse(center, middle, middle);
     };
 }
 

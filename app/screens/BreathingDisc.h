@@ -7,7 +7,7 @@
 namespace velmorin {
 
 /// A disc in a ring, both as large as the breath has come in.
-class BreathingDisc : public DrawnItem {
+class BreathingDisc : public velmorin::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     /// How far the breath has come in, from 0 to 1. It is drawn in steps that are too small to be seen.

@@ -78,12 +78,11 @@ FocusScope {
                 unit: root.unit
                 onClicked: root.session.cancelEmergencyExit()
             },
-            ClearTextButton {
+            HintButton {
                 objectName: "confirm"
                 anchors.horizontalCenter: parent.horizontalCenter
-                height: 44 * root.unit
+                unit: root.unit
                 text: exit.hint
-                size: 15 * root.unit
                 enabled: exit.canConfirm
                 onClicked: exit.confirm()
             }

@@ -7,7 +7,7 @@
 namespace velmorin {
 
 /// A capsule with a bar in it that grows from one end.
-class FilledCapsule : public DrawnItem {
+class FilledCapsule : public velmorin::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     /// What the bar takes, from 0 to 1; it grows by whole pixels.

@@ -1,5 +1,4 @@
 import QtQuick
-import Velmorin.Controls
 
 /// Something to look at, with a tip that says what it means. A screen reader says it as well.
 Item {

@@ -37,6 +37,9 @@ CardSurface {
             weight: Font.Medium
             size: 20 * root.unit
             wrapMode: Text.Wrap
+            // What is longer must not push the way back off the screen.
+            maximumLineCount: 6
+            elide: Text.ElideRight
         }
 
         AppText {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Velmorin.Shell
 import Velmorin.Controls
@@ -7,9 +9,9 @@ CardSurface {
     id: root
 
     required property real unit
-    required property list<string> thoughts
+    required property RestModel rest
 
-    visible: thoughts.length > 0
+    visible: rest.thoughts.length > 0
     cornerRadius: 18 * unit
     implicitHeight: column.implicitHeight + 36 * unit
 
@@ -24,10 +26,11 @@ CardSurface {
         FormHeading {
             width: parent.width
             title: Texts.keptThoughts
+            size: 14 * root.unit
         }
 
         Repeater {
-            model: root.thoughts
+            model: root.rest.thoughts
 
             AppText {
                 required property string modelData

@@ -54,7 +54,7 @@ FocusScope {
         KeptThoughts {
             width: parent.width
             unit: root.unit
-            thoughts: rest.thoughts
+            rest: rest
         }
 
         footer: QuietLink {

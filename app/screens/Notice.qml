@@ -27,6 +27,6 @@ RowLayout {
         size: 14
         color: Theme.notice
         wrapMode: Text.Wrap
-        Accessible.ignored: true
+        isSaid: true
     }
 }

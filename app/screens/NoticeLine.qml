@@ -10,6 +10,9 @@ Item {
     required property real unit
 
     implicitHeight: row.implicitHeight
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+    Accessible.ignored: !text
 
     RowLayout {
         id: row
@@ -26,7 +29,9 @@ Item {
 
         AppText {
             Layout.fillWidth: true
+            isSaid: true
             text: root.text
+            Accessible.role: Accessible.AlertMessage
             weight: Font.Medium
             size: 16 * root.unit
             color: Theme.notice

@@ -12,7 +12,7 @@ FocusScope {
     required property real unit
     readonly property bool shown: visible && Window.visibility !== Window.Hidden
     /// Above and below, where the screen is too low for more.
-    readonly property real leastPadding: 16
+    readonly property real leastPadding: 10
     readonly property real padding: (isPrimary ? 40 : 48) * unit
 
     /// The component of a state; null where there is nothing to show.
@@ -37,8 +37,8 @@ FocusScope {
 
     Loader {
         anchors.centerIn: parent
-        width: Math.min(parent.width, (root.isPrimary ? 760 : 900) * root.unit) - 2 * root.padding
-        height: parent.height - 2 * Math.max(root.leastPadding, Math.min(root.padding, parent.height * 0.16 - 88))
+        width: Math.min(parent.width - 2 * root.padding, (root.isPrimary ? 760 : 900) * root.unit)
+        height: parent.height - 2 * Math.max(root.leastPadding, Math.min(root.padding, parent.height * 0.2 - 120))
         focus: true
         sourceComponent: root.isPrimary ? root.screen(root.session.overlay) : secondary
     }

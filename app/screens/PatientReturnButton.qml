@@ -59,6 +59,7 @@ T.AbstractButton {
     }
 
     contentItem: AppText {
+        isSaid: true
         text: root.text
         weight: Font.DemiBold
         size: 19 * root.unit

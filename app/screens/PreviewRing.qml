@@ -33,7 +33,7 @@ Item {
             minimumPixelSize: 16
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            Accessible.ignored: true
+            isSaid: true
         }
 
         AppText {
@@ -43,7 +43,7 @@ Item {
             color: Theme.muted
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
-            Accessible.ignored: true
+            isSaid: true
         }
     }
 }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Velmorin.Shell
@@ -100,7 +102,7 @@ ColumnLayout {
 
                     Layout.fillWidth: true
                     text: root.model.newDomain
-                    placeholder: "example.org"
+                    accessibleName: Texts.allowedSites
                     isLeftToRight: true
                     handlesSubmit: true
                     onEdited: root.model.newDomain = text

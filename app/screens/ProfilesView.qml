@@ -43,6 +43,11 @@ Page {
         text: Texts.deleteProfile
         enabled: root.model.canDelete
         opacity: enabled ? 1 : 0.9 // with the half of it that a disabled link has by itself
-        onClicked: root.model.deleteProfile()
+        onClicked: {
+            root.model.deleteProfile();
+            // The last one cannot be deleted: the keyboard goes on from the field before.
+            if (!enabled)
+                nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
+        }
     }
 }

@@ -51,6 +51,7 @@ PlainButton {
         }
 
         AppText {
+            isSaid: true
             Layout.fillWidth: true
             text: root.text
             size: 13

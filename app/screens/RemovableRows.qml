@@ -1,6 +1,7 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
-import Velmorin.Controls
 
 /// Names below each other, each with a button that removes it. Whoever removes one by keyboard stays among the others,
 /// or comes to what stands after the last.
@@ -19,8 +20,8 @@ ColumnLayout {
         removed(index);
         if (!byKeyboard)
             return;
-        const next = rows.itemAt(Math.min(index, rows.count - 1));
-        (next ? next.button : afterwards).forceActiveFocus(Qt.TabFocusReason);
+        const next = rows.itemAt(Math.min(index, rows.count - 1)) as RemovableRow;
+        (next?.button ?? afterwards).forceActiveFocus(Qt.TabFocusReason);
     }
 
     Layout.fillWidth: true
@@ -32,31 +33,14 @@ ColumnLayout {
 
         model: root.names
 
-        RowLayout {
-            id: row
-
+        RemovableRow {
             required property string modelData
             required property int index
-            readonly property Item button: removal
 
-            Layout.fillWidth: true
-            spacing: 12
-
-            AppText {
-                Layout.fillWidth: true
-                text: root.isLeftToRight ? "\u2066" + row.modelData + "\u2069" : row.modelData
-                elide: Text.ElideRight
-            }
-
-            ClearTextButton {
-                id: removal
-
-                text: root.removals[row.index] ?? ""
-                padding: 6
-                onClicked: root.remove(row.index, visualFocus)
-
-                RemoveIcon {}
-            }
+            name: modelData
+            removal: root.removals[index] ?? ""
+            isLeftToRight: root.isLeftToRight
+            onRemoved: byKeyboard => root.remove(index, byKeyboard)
         }
     }
 }

@@ -14,14 +14,15 @@ Item {
     /// Seconds for each sentence; 0 where the first one stays.
     property real rotateEvery: 0
     property real size: 38
-    /// As many lines always have room, so that what is below stays where it is.
+    /// As many lines always have room, so that what is below stays where it is. A sentence that needs more is set in
+    /// somewhat smaller type.
     property int lines: 2
     property string former
     property string present
     /// How far the present sentence has come in the place of the former one, from 0 to 1.
     property real arrival: 1
 
-    implicitHeight: Math.max(lines * oneLine.implicitHeight, now.implicitHeight, arrival < 1 ? before.implicitHeight : 0)
+    implicitHeight: Math.ceil(lines * oneLine.implicitHeight)
 
     QuoteTask {
         session: root.session
@@ -54,28 +55,28 @@ Item {
         id: oneLine
 
         visible: false
+        isSaid: true
         text: " "
         size: root.size * root.unit
+        Accessible.ignored: true
     }
 
     QuoteText {
         id: before
 
-        anchors.verticalCenter: parent.verticalCenter
-        width: parent.width
+        anchors.fill: parent
         visible: root.arrival < 1
         opacity: 1 - root.arrival
         text: root.former
         size: root.size * root.unit
-        Accessible.ignored: true
+        isSaid: true
     }
 
     QuoteText {
         id: now
 
         objectName: "quote"
-        anchors.verticalCenter: parent.verticalCenter
-        width: parent.width
+        anchors.fill: parent
         opacity: root.arrival
         text: root.present
         size: root.size * root.unit

@@ -11,7 +11,7 @@ Item {
     property alias footer: bottom.data
     /// The largest room between two rows; a low screen makes it smaller.
     property real largestGap: 28
-    readonly property real gap: Math.max(8 * unit, Math.min(largestGap * unit, (height - bottom.height - filled) / rows))
+    readonly property real gap: Math.max(6 * unit, Math.min(largestGap * unit, (height - bottom.height - filled) / rows))
     readonly property int rows: Array.from(column.children).filter(row => row.visible && row.height > 0).length
     /// What the rows take together.
     readonly property real filled: Array.from(column.children).reduce((sum, row) => sum + (row.visible ? row.height : 0), 0)

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Velmorin.Shell
 import Velmorin.Controls
@@ -80,7 +82,7 @@ Column {
 
     Column {
         width: root.width
-        spacing: 12
+        spacing: 8
 
         Repeater {
             model: root.model.timeRows

@@ -23,6 +23,7 @@ Column {
 
     SegmentedBar {
         width: root.width
+        accessibleName: Texts.modeHeading
         options: root.model.modeNames
         selection: root.model.mode
         onSelected: index => root.model.mode = index

@@ -26,6 +26,7 @@ ClearTextButton {
         }
 
         AppText {
+            isSaid: true
             Layout.fillWidth: true
             text: root.text
             size: 16 * root.unit
@@ -33,6 +34,7 @@ ClearTextButton {
         }
 
         AppText {
+            isSaid: true
             text: root.keys
             size: 14 * root.unit
             color: Theme.muted

@@ -16,6 +16,7 @@ ColumnLayout {
         spacing: 12
 
         AppText {
+            isSaid: true
             Layout.fillWidth: true
             text: root.row.title
             elide: Text.ElideRight

@@ -18,8 +18,8 @@ class DesktopLayers {
 public:
     /// Windows in front of all others.
     struct Front {
-        std::span<const NativeWindow> windows;
-        std::optional<NativeWindow> key; ///< the one of them that has the keyboard
+        std::span<const NativeWindow> windows; ///< the foremost first
+        std::optional<NativeWindow> key;       ///< the one of them that has the keyboard
         /// Called when the keyboard may have become free that another program had for itself, and when the key window
         /// has lost it. May be missing.
         std::function<void()> keyboardChanged;

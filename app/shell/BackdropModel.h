@@ -8,7 +8,7 @@
 namespace velmorin {
 
 /// What stands behind the windows during the locked stretches of a session. Main thread.
-class BackdropModel : public TimelineModel {
+class BackdropModel : public velmorin::TimelineModel {
     Q_OBJECT
     QML_ELEMENT
     /// The moment that the clock shows, in seconds since 2001-01-01 UTC.

@@ -24,7 +24,7 @@ class BrowserRow : public QObject {
     /// What the button says that begins to set the browser up; empty where nothing has to be.
     Q_PROPERTY(QString setUpText READ setUpText NOTIFY changed)
     /// What the user has to do in the browser, one line each; empty until it is asked for.
-    Q_PROPERTY(QStringList steps READ steps NOTIFY changed)
+    Q_PROPERTY(QList<QString> steps READ steps NOTIFY changed)
     Q_PROPERTY(QString copyAddressText READ copyAddressText NOTIFY changed)
     Q_PROPERTY(QString copyFolderText READ copyFolderText NOTIFY changed)
 

@@ -7,7 +7,7 @@
 namespace velmorin {
 
 /// The way out before the end: the wait, and the reason that the user has to give. Main thread.
-class ExitModel : public TimelineModel {
+class ExitModel : public velmorin::TimelineModel {
     Q_OBJECT
     QML_ELEMENT
     /// As the user types it.

@@ -7,7 +7,7 @@
 namespace velmorin {
 
 /// What a session that has just ended came to, as figures with a label each. Main thread.
-class FinishedModel : public TimelineModel {
+class FinishedModel : public velmorin::TimelineModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QStringList values READ values NOTIFY changed)

@@ -23,13 +23,13 @@ class ProfileEditorModel : public QObject {
     QML_UNCREATABLE("Belongs to the page of profiles.")
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     /// The names of the allowed applications, in the order in which they were chosen.
-    Q_PROPERTY(QStringList appNames READ appNames NOTIFY appsChanged)
+    Q_PROPERTY(QList<QString> appNames READ appNames NOTIFY appsChanged)
     /// For each of them, what the button says that removes it.
-    Q_PROPERTY(QStringList appRemovals READ appRemovals NOTIFY appsChanged)
+    Q_PROPERTY(QList<QString> appRemovals READ appRemovals NOTIFY appsChanged)
     /// What would weaken the lock.
-    Q_PROPERTY(QStringList warnings READ warnings NOTIFY appsChanged)
-    Q_PROPERTY(QStringList sites READ sites NOTIFY sitesChanged)
-    Q_PROPERTY(QStringList siteRemovals READ siteRemovals NOTIFY sitesChanged)
+    Q_PROPERTY(QList<QString> warnings READ warnings NOTIFY appsChanged)
+    Q_PROPERTY(QList<QString> sites READ sites NOTIFY sitesChanged)
+    Q_PROPERTY(QList<QString> siteRemovals READ siteRemovals NOTIFY sitesChanged)
     /// What is being typed to be added to the sites.
     Q_PROPERTY(QString newDomain READ newDomain WRITE setNewDomain NOTIFY newDomainChanged)
     /// What is wrong with the sites; empty when nothing is.

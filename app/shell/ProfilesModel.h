@@ -16,7 +16,7 @@ class ProfilesModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window.")
-    Q_PROPERTY(QStringList names READ names NOTIFY namesChanged)
+    Q_PROPERTY(QList<QString> names READ names NOTIFY namesChanged)
     /// The place of the chosen profile; -1 without profiles.
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY changed)
     /// Whether there would be a profile left.

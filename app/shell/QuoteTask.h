@@ -9,7 +9,7 @@ namespace velmorin {
 
 /// The sentence that a screen shows: drawn when the screen comes up and, where it rotates, again and again, until the
 /// screen goes. Another moment is a new beginning; another language is that of the next sentence. Main thread.
-class QuoteTask : public ScreenModel {
+class QuoteTask : public velmorin::ScreenModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(Category category READ category WRITE setCategory NOTIFY categoryChanged)

@@ -8,7 +8,7 @@
 namespace velmorin {
 
 /// A rest with the machine still locked: how long it lasts, and the thoughts that were kept for it. Main thread.
-class RestModel : public TimelineModel {
+class RestModel : public velmorin::TimelineModel {
     Q_OBJECT
     QML_ELEMENT
     /// What is left of the rest; empty without a session.

@@ -6,7 +6,7 @@
 namespace velmorin {
 
 /// What the screens beside the one with the overlay show. Main thread.
-class SecondaryModel : public TimelineModel {
+class SecondaryModel : public velmorin::TimelineModel {
     Q_OBJECT
     QML_ELEMENT
     /// The moment whose sentences go with what the overlay shows.

@@ -17,6 +17,7 @@ SessionModel::SessionModel(ShellContext& context, QObject* parent) : QObject{par
         Q_EMIT sessionChanged();
         Q_EMIT statusChanged();
         Q_EMIT phoneChanged();
+        Q_EMIT thoughtsChanged();
     }));
 }
 
@@ -30,7 +31,7 @@ SessionModel::Overlay SessionModel::overlay() const {
 
 QString SessionModel::intent() const {
     const auto& session = *m_context.controller.session();
-    return session ? toQString(session->intent) : QString{};
+    return session ? writtenText(*m_context.appearance.language(), session->intent) : QString{};
 }
 
 bool SessionModel::isWork() const {
@@ -78,7 +79,7 @@ QString SessionModel::phoneStatus() const {
 QStringList SessionModel::openThoughts() const {
     QStringList texts;
     for (const auto& thought : m_context.data.openThoughts())
-        texts.push_back(toQString(thought.text));
+        texts.push_back(writtenText(*m_context.appearance.language(), thought.text));
     return texts;
 }
 

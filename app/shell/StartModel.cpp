@@ -11,43 +11,24 @@ namespace velmorin {
 
 namespace {
 
+/// Where a profile keeps one of its timings.
+template <auto Config, auto Member>
+std::int64_t& timing(Profile& profile) {
+    return profile.*Config.*Member;
+}
+
 constexpr std::array pomodoroSettings{
-    TimeSetting{&AppStrings::focusLength, [](Profile& profile) -> auto& {return profile.pomodoro.workMinutes;
-}
-, 5, 120, 5
-} // namespace velmorin
-, TimeSetting{&AppStrings::shortBreak, [](Profile& profile) -> auto& {return profile.pomodoro.shortBreakMinutes;
-}
-, 1, 30, 1
-}
-, TimeSetting{&AppStrings::longBreak, [](Profile& profile) -> auto& {return profile.pomodoro.longBreakMinutes;
-}
-, 5, 60, 5
-}
-, TimeSetting{&AppStrings::cycleCount, [](Profile& profile) -> auto& {return profile.pomodoro.totalCycles;
-}
-, 1, 12, 1, true
-}
-,
-}
-;
+    TimeSetting{&AppStrings::focusLength, &timing<&Profile::pomodoro, &PomodoroConfig::workMinutes>, 5, 120, 5},
+    TimeSetting{&AppStrings::shortBreak, &timing<&Profile::pomodoro, &PomodoroConfig::shortBreakMinutes>, 1, 30, 1},
+    TimeSetting{&AppStrings::longBreak, &timing<&Profile::pomodoro, &PomodoroConfig::longBreakMinutes>, 5, 60, 5},
+    TimeSetting{&AppStrings::cycleCount, &timing<&Profile::pomodoro, &PomodoroConfig::totalCycles>, 1, 12, 1, true},
+};
 
 constexpr std::array deepSettings{
-    TimeSetting{&AppStrings::totalLength, [](Profile& profile) -> auto& {return profile.deep.totalMinutes;
-}
-, 15, 480, 15
-}
-, TimeSetting{&AppStrings::breakAfterEvery, [](Profile& profile) -> auto& {return profile.deep.breakEveryMinutes;
-}
-, 15, 120, 5
-}
-, TimeSetting{&AppStrings::breakLength, [](Profile& profile) -> auto& {return profile.deep.breakMinutes;
-}
-, 1, 20, 1
-}
-,
-}
-;
+    TimeSetting{&AppStrings::totalLength, &timing<&Profile::deep, &DeepConfig::totalMinutes>, 15, 480, 15},
+    TimeSetting{&AppStrings::breakAfterEvery, &timing<&Profile::deep, &DeepConfig::breakEveryMinutes>, 15, 120, 5},
+    TimeSetting{&AppStrings::breakLength, &timing<&Profile::deep, &DeepConfig::breakMinutes>, 1, 20, 1},
+};
 
 constexpr auto pomodoroCount = static_cast<qsizetype>(pomodoroSettings.size());
 

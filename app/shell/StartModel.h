@@ -22,7 +22,7 @@ class StartModel : public QObject {
     QML_UNCREATABLE("Made with the main window.")
     /// Whether there is a profile to start with.
     Q_PROPERTY(bool hasProfile READ hasProfile NOTIFY changed)
-    Q_PROPERTY(QStringList profileNames READ profileNames NOTIFY profileNamesChanged)
+    Q_PROPERTY(QList<QString> profileNames READ profileNames NOTIFY profileNamesChanged)
     /// The place of the chosen profile; -1 without profiles.
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY changed)
     /// What the user says the session is for.
@@ -31,7 +31,7 @@ class StartModel : public QObject {
     Q_PROPERTY(QString allowedSummary READ allowedSummary NOTIFY changed)
     /// The sliders of the chosen profile's mode.
     Q_PROPERTY(QQmlListProperty<velmorin::TimeRow> timeRows READ timeRows NOTIFY modeChanged)
-    Q_PROPERTY(QStringList modeNames READ modeNames NOTIFY languageChanged)
+    Q_PROPERTY(QList<QString> modeNames READ modeNames NOTIFY languageChanged)
     /// The chosen profile's mode, a place in `modeNames`.
     Q_PROPERTY(int mode READ mode WRITE setMode NOTIFY modeChanged)
     Q_PROPERTY(QString modeDetail READ modeDetail NOTIFY changed)

@@ -1,5 +1,7 @@
 #include "app/shell/ThoughtModel.h"
 
+#include "core/foundation/Text.h"
+
 namespace velmorin {
 
 namespace {
@@ -10,7 +12,7 @@ constexpr double savedFor = 2;
 } // namespace
 
 bool ThoughtModel::save(const QString& text) {
-    if (text.trimmed().isEmpty()) return false;
+    if (trimmed(text.toStdString()).empty()) return false;
     session()->addThought(text);
     setJustSaved(true);
     m_reset = context().timers.after(savedFor, [this] { setJustSaved(false); });

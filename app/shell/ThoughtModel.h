@@ -8,7 +8,7 @@
 namespace velmorin {
 
 /// A place to leave a thought. Main thread.
-class ThoughtModel : public ScreenModel {
+class ThoughtModel : public velmorin::ScreenModel {
     Q_OBJECT
     QML_ELEMENT
     /// Whether a thought was kept a moment ago.

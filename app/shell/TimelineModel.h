@@ -9,7 +9,7 @@ namespace velmorin {
 
 /// A screen's texts that change as time passes: they are worked out anew at a pace of their own while the screen is on
 /// display, and whenever the session, its status or the language changes. Main thread.
-class TimelineModel : public ScreenModel {
+class TimelineModel : public velmorin::ScreenModel {
     Q_OBJECT
     QML_ANONYMOUS
 

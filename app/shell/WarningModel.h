@@ -7,7 +7,7 @@
 namespace velmorin {
 
 /// A counted attempt to leave: what it was, and how far its pause has come. Main thread.
-class WarningModel : public TimelineModel {
+class WarningModel : public velmorin::TimelineModel {
     Q_OBJECT
     QML_ELEMENT
     /// How much of the pause has passed, from 0 to 1.

@@ -6,8 +6,8 @@ import Velmorin.Tests
 TestCase {
     id: root
 
-    /// How the space before an item's content and behind it differ in kind: its left edge in the window.
-    function left(item: Item): real {
+    /// The left edge of an item in the window.
+    function leftOf(item: Item): real {
         return item.mapToItem(null, 0, 0).x;
     }
 
@@ -15,7 +15,13 @@ TestCase {
         mouseClick(item);
     }
 
+    /// Waits for what has been changed to find its place.
+    function settle(item: Item) {
+        grabImage(item);
+    }
+
     when: windowShown
+
     function init() {
         Stage.reset();
     }

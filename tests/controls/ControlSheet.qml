@@ -138,7 +138,8 @@ Item {
         }
 
         ColumnLayout {
-            Layout.fillWidth: true
+            Layout.preferredWidth: 570
+            Layout.maximumWidth: 570
             Layout.fillHeight: true
             spacing: 16
 
@@ -149,7 +150,11 @@ Item {
             RowLayout {
                 spacing: 12
 
-                SoftButton { text: Texts.chooseApps }
+                SoftButton {
+                    text: Texts.chooseApps
+
+                    FocusRing { visible: true; cornerRadius: 12 }
+                }
                 SoftButton { text: Texts.save; down: true }
                 SoftButton { text: Texts.cancel; enabled: false }
             }
@@ -185,10 +190,13 @@ Item {
             }
 
             CardSurface {
+                Layout.fillWidth: true
+
                 AppText {
                     anchors.fill: parent
                     anchors.margins: 14
                     text: Texts.thoughtsHint
+                    wrapMode: Text.Wrap
                     color: Theme.notice
                 }
             }

@@ -7,9 +7,11 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QEventLoop>
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QQuickItemGrabResult>
 #include <QQuickWindow>
 #include <QRawFont>
 #include <cstdint>
@@ -86,7 +88,6 @@ QVariantMap Stage::heard(QQuickItem* item) {
             {"maximum", values == nullptr ? QVariant{} : values->maximumValue()},
             {"checkable", bool(state.checkable)},
             {"checked", bool(state.checked)},
-            {"disabled", bool(state.disabled)},
             {"focusable", bool(state.focusable)},
             {"readOnly", bool(state.readOnly)}};
 }
@@ -97,6 +98,15 @@ bool Stage::act(QQuickItem* item, const QString& action) {
     if (!found->actionInterface()->actionNames().contains(action)) return false;
     found->actionInterface()->doAction(action);
     return true;
+}
+
+QColor Stage::pixel(QQuickItem* item, int x, int y) {
+    const auto grabbed = item->grabToImage();
+    if (grabbed.isNull()) return {};
+    QEventLoop loop;
+    connect(grabbed.get(), &QQuickItemGrabResult::ready, &loop, &QEventLoop::quit);
+    loop.exec();
+    return grabbed->image().pixelColor(x, y);
 }
 
 bool Stage::hasOwnFace(int weight) {

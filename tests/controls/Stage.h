@@ -27,12 +27,14 @@ public:
     Q_INVOKABLE void holdKey(QQuickItem* item, int key, int repetitions);
     Q_INVOKABLE void setClipboard(const QString& text);
 
-    /// What a screen reader is told: name, role, value, and the states checked, checkable, disabled, focusable,
+    /// What a screen reader is told: name, role, value, and the states checked, checkable, focusable,
     /// readOnly.
     Q_INVOKABLE QVariantMap heard(QQuickItem* item);
     /// Does what a screen reader's user asks for; whether there is such an action.
     Q_INVOKABLE bool act(QQuickItem* item, const QString& action);
 
+    /// A pixel of a picture of the item alone, as large as the item.
+    Q_INVOKABLE QColor pixel(QQuickItem* item, int x, int y);
     /// Whether a text has this weight, drawn by one of our own files.
     Q_INVOKABLE bool hasOwnFace(int weight);
     /// What remains at a pixel when the two glows are computed plainly.

@@ -32,6 +32,8 @@ bool writeSheets(QQuickView& view, const QDir& folder) {
             settings.colorTheme = theme;
             settings.language = language;
             Appearance::shared().apply(settings);
+            // A text that wraps anew finds its height in the second round.
+            view.grabWindow();
             QCoreApplication::processEvents();
             const QString file = folder.filePath(name(theme) + QLatin1Char('-') + name(language) + ".png");
             isWritten = view.grabWindow().save(file) && isWritten;

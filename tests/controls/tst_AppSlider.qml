@@ -110,7 +110,6 @@ Bench {
             slider.enabled = false;
             mouseClick(slider, 2, slider.height / 2);
             compare(slider.answers, 0);
-            compare(Stage.heard(inner).disabled, true);
         }
 
         function test_whatAScreenReaderSays() {
@@ -133,6 +132,7 @@ Bench {
             const ring = inner.handle.children[0];
             mouseClick(slider, 20, slider.height / 2);
             verify(!ring.visible);
+            slider.parent.forceActiveFocus();
             inner.forceActiveFocus(Qt.TabFocusReason);
             verify(ring.visible);
         }

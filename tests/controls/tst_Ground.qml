@@ -66,6 +66,21 @@ Bench {
             front.x = 200;
         }
 
+        function test_aPictureOfItAloneIsTheSame() {
+            const nested = createTemporaryQmlObject(
+                "import QtQuick; import Velmorin.Controls; Item { x: 33; y: 21; ThemeBackground { x: 7; width: 300; height: 200 } }",
+                bench);
+            for (const [x, y] of [[0, 0], [276, 8], [12, 199], [257, 97]])
+                compare(Stage.pixel(nested.children[0], x, y), Stage.ground("dusk", 300, 200, x, y));
+        }
+
+        function test_itMayShowAnotherThemeThanTheScreens() {
+            ground.theme = "dawn";
+            check("dawn");
+            ground.theme = "";
+            check("dusk");
+        }
+
         function test_halfSeenItLetsThroughWhatIsBehind() {
             ground.opacity = 0.5;
             const image = grabImage(bench);

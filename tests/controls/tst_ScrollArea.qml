@@ -17,6 +17,12 @@ Bench {
         subtitle: Texts.thoughtsSubtitle
         footer: QuietLink { text: Texts.clearStats }
 
+        Card {
+            id: card
+
+            AppText { Layout.fillWidth: true; text: Texts.phoneOneWayNote; wrapMode: Text.Wrap }
+        }
+
         Repeater {
             id: cards
 
@@ -44,7 +50,7 @@ Bench {
             Stage.reset();
             page.width = 600;
             page.contentY = 0;
-            waitForRendering(page);
+            settle(page);
         }
 
         function test_whatTheTabKeyLeadsToComesIntoView() {
@@ -71,6 +77,7 @@ Bench {
 
         function test_keysScroll() {
             cards.itemAt(0).forceActiveFocus();
+            wait(0); // until it has come into view
             page.contentY = 0;
             keyClick(Qt.Key_PageDown);
             compare(page.contentY, 360);
@@ -94,21 +101,34 @@ Bench {
 
         function test_theBarIsAtTheEndOfTheLines() {
             const bar = page.children[page.children.length - 1];
-            verify(left(bar) < 20);
+            verify(leftOf(bar) < 20);
             Stage.setLanguage("en");
-            verify(left(bar) > 560);
+            verify(leftOf(bar) > 560);
         }
 
         function test_thePageIsAtMost680Wide() {
             page.width = 1000;
-            waitForRendering(page);
+            settle(page);
             const column = page.contentItem.children[0];
             compare(column.width, 680);
             compare(column.x, 160);
         }
 
+        function test_aCardFitsItsTextAtEveryWidth() {
+            let heights = new Set();
+            for (let width = 700; width > 250; width -= 23) {
+                page.width = width;
+                settle(page);
+                compare(card.height, card.implicitHeight);
+                compare(cards.itemAt(0).y, card.y + card.height + 18);
+                heights.add(card.height);
+            }
+            verify(heights.size > 2);
+        }
+
         function test_theTitles() {
-            const [title, subtitle] = page.contentItem.children[0].children[0].children;
+            const title = page.contentItem.children[0].children[0].children[0];
+            const subtitle = page.contentItem.children[0].children[0].children[1];
             compare(title.text, Texts.tabThoughts);
             compare(title.font.weight, Font.DemiBold);
             compare(title.font.pixelSize, 32);
@@ -118,7 +138,7 @@ Bench {
 
         function test_aShortContentDoesNotScroll() {
             cards.model = 1;
-            waitForRendering(page);
+            settle(page);
             verify(!page.overflows);
             verify(!page.interactive);
             cards.model = 12;
@@ -127,7 +147,7 @@ Bench {
         function test_whenTheContentShrinksThePlaceIsFoundAgain() {
             page.contentY = page.contentHeight - page.height;
             cards.model = 1;
-            waitForRendering(page);
+            settle(page);
             compare(page.contentY, 0);
             cards.model = 12;
         }

@@ -134,15 +134,29 @@ protected:
         const auto* first = xcb_query_tree_children(tree.get());
         return {first, first + xcb_query_tree_children_length(tree.get())};
     }
-    std::ptrdiff_t placeOf(WId window) {
+    std::ptrdiff_t placeOf(xcb_window_t window) {
         const auto windows = stack();
-        return std::ranges::find(windows, static_cast<xcb_window_t>(window)) - windows.begin();
+        return std::ranges::find(windows, window) - windows.begin();
     }
     std::ptrdiff_t lowestPlaceOfOurs() {
         auto lowest = std::numeric_limits<std::ptrdiff_t>::max();
-        for (const auto* window : QGuiApplication::topLevelWindows())
-            if (window->isVisible()) lowest = std::min(lowest, placeOf(window->winId()));
+        for (const auto window : ourWindows())
+            lowest = std::min(lowest, placeOf(window));
         return lowest;
+    }
+    /// Those that the toolkit shows.
+    static std::vector<xcb_window_t> ourWindows() {
+        std::vector<xcb_window_t> numbers;
+        for (const auto* window : QGuiApplication::topLevelWindows())
+            if (window->isVisible()) numbers.push_back(static_cast<xcb_window_t>(window->winId()));
+        return numbers;
+    }
+    /// The number of the screen that has the keyboard.
+    int screenOfFocus() {
+        for (const auto* window : QGuiApplication::topLevelWindows())
+            if (window->isVisible() && window->winId() == focused())
+                return static_cast<int>(QGuiApplication::screens().indexOf(window->screen()));
+        return -1;
     }
     xcb_window_t focused() {
         auto* const connection = world.connection().get();
@@ -294,6 +308,103 @@ TEST_F(CoversTest, aScreenThatComesOrGoesIsCoveredAsWell) {
     EXPECT_TRUE(becomes([&] { return covers(shieldColor) && shields.isActive(); }));
     xdotool("type r");
     EXPECT_TRUE(becomes([&] { return shieldContent.typed() == "r"; }));
+}
+
+TEST_F(CoversTest, whatComesWithAChangeOfTheScreensIsInFrontOfWhatFades) {
+    motion.value.set(false);
+    showOverlay();
+    const auto before = ourWindows();
+    unplug("C");
+    const auto isNew = [&](xcb_window_t window) { return std::ranges::find(before, window) == before.end(); };
+    EXPECT_TRUE(becomes([&] { return screenOfFocus() >= 0 && isNew(focused()); }));
+    const auto windows = stack();
+    const auto highestOfBefore =
+        std::ranges::find_first_of(windows.rbegin(), windows.rend(), before.begin(), before.end());
+    const auto lowestOfNew = std::ranges::find(windows, focused());
+    EXPECT_TRUE(highestOfBefore == windows.rend() || highestOfBefore.base() <= lowestOfNew);
+    plug(third);
+    EXPECT_TRUE(becomes([&] { return covers(shieldColor) && shields.isActive(); }));
+}
+
+TEST_F(CoversTest, changesOfTheScreensAreToldOnceAllHasComeToRest) {
+    VirtualTime time{Date{0}};
+    QtScreens patient{layers, time};
+    int changes = 0;
+    const auto watch = patient.observeChanges([&] { ++changes; });
+    showOverlay();
+    unplug("C");
+    EXPECT_TRUE(becomes([] { return QGuiApplication::screens().size() == 2; }));
+    time.advance(0.19);
+    plug(third);
+    EXPECT_TRUE(becomes([] { return QGuiApplication::screens().size() == 3; }));
+    time.advance(0.19);
+    EXPECT_EQ(changes, 0);
+    time.advance(0.02);
+    EXPECT_EQ(changes, 1);
+    EXPECT_THAT(patient.frames(), SizeIs(3));
+    EXPECT_TRUE(becomes([&] { return covers(shieldColor) && shields.isActive(); }));
+}
+
+TEST_F(CoversTest, theKeyboardIsOnTheScreenWhereTheUserWorks) {
+    auto& editor = world.launch("editor", {"--class", "editor"});
+    world.userActivates(editor.window());
+    EXPECT_TRUE(becomes([&] { return active() == editor.window(); }));
+    xdotool(QString{"windowmove --sync %1 2200 200"}.arg(editor.window()));
+    settle();
+    showOverlay();
+    EXPECT_EQ(screenOfFocus(), 1);
+    overlay.hide();
+    EXPECT_TRUE(becomes([&] { return focused() == editor.window(); }));
+    xdotool(QString{"windowmove --sync %1 100 200"}.arg(editor.window()));
+    settle();
+    showOverlay();
+    EXPECT_EQ(screenOfFocus(), 0);
+}
+
+TEST_F(CoversTest, aFadeEndsWithTheWindowsAndLeavesNone) {
+    motion.value.set(false);
+    overlay.show();
+    EXPECT_TRUE(becomes([&] { return covers(shieldColor) && shields.isActive(); }));
+    const auto windows = ourWindows();
+    ASSERT_THAT(windows, SizeIs(3));
+    const auto opacity = [&](xcb_window_t window) { return firstOr0(world.words(window, "_NET_WM_WINDOW_OPACITY")); };
+    const auto areOpaque = [&] {
+        return std::ranges::all_of(windows, [&](auto window) { return opacity(window) == UINT32_MAX; });
+    };
+    EXPECT_TRUE(becomes(areOpaque));
+    overlay.hide();
+    EXPECT_FALSE(overlay.isShown());
+    EXPECT_TRUE(becomes([&] { return opacity(windows[0]) < UINT32_MAX / 2; }));
+    EXPECT_TRUE(becomes([&] { return ourWindows().empty() && QGuiApplication::allWindows().empty(); }));
+}
+
+TEST_F(CoversTest, nothingIsSeenOfAWindowBeforeItIsPainted) {
+    Intruder white;
+    white.map();
+    EXPECT_TRUE(becomes([&] { return covers(0xffffff); }));
+    overlay.show();
+    EXPECT_TRUE(covers(0xffffff)) << "what was there before is still seen";
+    for (const auto window : ourWindows())
+        EXPECT_EQ(firstOr0(world.words(window, "_NET_WM_WINDOW_OPACITY")), 0U);
+    EXPECT_TRUE(becomes([&] { return covers(shieldColor); }));
+    for (const auto window : ourWindows())
+        EXPECT_EQ(firstOr0(world.words(window, "_NET_WM_WINDOW_OPACITY")), UINT32_MAX);
+}
+
+TEST_F(CoversTest, aClickOnTheOverlayMayHideIt) {
+    showOverlay();
+    QObject::connect(&shieldContent.model, &QQmlPropertyMap::valueChanged, &shieldContent.model,
+                     [this] { overlay.hide(); });
+    xdotool("mousemove 300 500 click 1");
+    EXPECT_TRUE(becomes([&] { return ourWindows().empty() && QGuiApplication::allWindows().empty(); }));
+    EXPECT_FALSE(overlay.isShown());
+}
+
+TEST_F(CoversTest, nobodyClosesAWindowOfTheOverlay) {
+    showOverlay();
+    for (auto* window : QGuiApplication::topLevelWindows())
+        EXPECT_FALSE(window->close());
+    EXPECT_TRUE(covers(shieldColor));
 }
 
 class BackdropTest : public CoversTest {

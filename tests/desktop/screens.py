@@ -49,6 +49,11 @@ def add_monitors(desktop, names=MONITORS):
         desktop.run("xrandr", "--setmonitor", name, MONITORS[name], "screen" if name == "*A" else "none")
 
 
+def add_missing_monitors(desktop):
+    present = desktop.run("xrandr", "--listactivemonitors")
+    add_monitors(desktop, [name for name in MONITORS if f"{name.lstrip('*')} " not in present])
+
+
 def remove_monitor(desktop, name):
     desktop.run("xrandr", "--delmonitor", name)
 

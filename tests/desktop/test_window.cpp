@@ -36,6 +36,7 @@ struct Wishes {
     bool takesNoDeleteRequests = false;
     bool skipsTaskbar = false;
     bool staysBehind = false;
+    bool coversAll = false; ///< one window over the whole screen, which no window manager looks after
     bool mayNotBeIconified = false;
 };
 
@@ -126,10 +127,14 @@ private:
 
     void make(int index, xcb_window_t parent) {
         const auto window = xcb_generate_id(m_connection);
-        const std::array<std::uint32_t, 2> values{m_screen->white_pixel, XCB_EVENT_MASK_STRUCTURE_NOTIFY};
-        const auto offset = static_cast<std::int16_t>(40 + 30 * index);
-        xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_screen->root, offset, offset, 320, 200, 0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT, m_screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK,
+        const bool covers = m_wishes.coversAll;
+        const std::array<std::uint32_t, 3> values{m_screen->white_pixel, covers ? 1U : 0U,
+                                                  XCB_EVENT_MASK_STRUCTURE_NOTIFY};
+        const auto offset = static_cast<std::int16_t>(covers ? 0 : 40 + 30 * index);
+        xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_screen->root, offset, offset,
+                          covers ? m_screen->width_in_pixels : std::uint16_t{320},
+                          covers ? m_screen->height_in_pixels : std::uint16_t{200}, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          m_screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK,
                           values.data());
         m_windows.push_back(window);
         setText(window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, m_wishes.title);
@@ -201,6 +206,7 @@ Wishes readWishes(const std::vector<std::string>& arguments) {
         if (word == "--no-delete-requests") wishes.takesNoDeleteRequests = true;
         if (word == "--skip-taskbar") wishes.skipsTaskbar = true;
         if (word == "--behind") wishes.staysBehind = true;
+        if (word == "--covers-all") wishes.coversAll = true;
         if (word == "--not-iconifiable") wishes.mayNotBeIconified = true;
     }
     return wishes;

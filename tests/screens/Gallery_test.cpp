@@ -8,12 +8,12 @@ namespace {
 
 TEST(GalleryTest, everySceneHasANameOfItsOwn) {
     std::set<QString> names;
-    for (const auto& scene : overlayScenes())
+    for (const auto& scene : allScenes())
         EXPECT_TRUE(names.insert(scene.name).second) << scene.name.toStdString();
 }
 
 TEST(GalleryTest, theSamePictureComesOutEachTime) {
-    for (const auto& scene : overlayScenes()) {
+    for (const auto& scene : allScenes()) {
         const QImage first = Gallery::picture(scene, AppLanguage::persian, ColorTheme::dawn);
         EXPECT_EQ(first.size(), scene.size);
         EXPECT_EQ(Gallery::picture(scene, AppLanguage::persian, ColorTheme::dawn), first) << scene.name.toStdString();

@@ -24,7 +24,7 @@ void QuickContent::fill(QQuickWindow& window, const CoverContent& content) {
         qWarning() << m_component->errors();
         return;
     }
-    made.release();
+    static_cast<void>(made.release()); // the window owns it now
     item->setParent(window.contentItem());
     item->setParentItem(window.contentItem());
     item->setSize(window.size());

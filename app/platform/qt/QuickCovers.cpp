@@ -4,6 +4,7 @@
 #include "app/platform/qt/QuickCoverWindow.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <algorithm>
 #include <functional>
 #include <iterator>
@@ -17,7 +18,9 @@ namespace {
 /// A window that nobody closes but its owner.
 class Window final : public QQuickWindow {
 public:
-    explicit Window(std::function<void()> renewed) : m_renewed{std::move(renewed)} {}
+    /// `made` is called at once when the toolkit has given the window another number, `renewed` when it is shown so.
+    Window(std::function<void(QQuickWindow&)> made, std::function<void()> renewed)
+        : m_made{std::move(made)}, m_renewed{std::move(renewed)} {}
 
 protected:
     bool event(QEvent* event) override {
@@ -25,7 +28,10 @@ protected:
             event->ignore();
             return true;
         }
-        if (isVisible() && isMadeAnew(*event)) QMetaObject::invokeMethod(this, m_renewed, Qt::QueuedConnection);
+        if (isVisible() && isMadeAnew(*event)) {
+            m_made(*this);
+            QMetaObject::invokeMethod(this, m_renewed, Qt::QueuedConnection);
+        }
         return QQuickWindow::event(event);
     }
 
@@ -37,6 +43,7 @@ private:
                    QPlatformSurfaceEvent::SurfaceCreated;
     }
 
+    std::function<void(QQuickWindow&)> m_made;
     std::function<void()> m_renewed;
 };
 
@@ -49,8 +56,13 @@ QuickCovers::~QuickCovers() {
 }
 
 std::unique_ptr<CoverWindow> QuickCovers::make(const Rectangle& frame, const CoverContent& content) {
-    auto window = std::make_unique<Window>([this] { shownChanged(nullptr); });
+    auto window =
+        std::make_unique<Window>([this](QQuickWindow& made) { prepare(made); }, [this] { shownChanged(nullptr); });
     window->setFlags(flags());
+    // Until the first picture is there, and should there be none.
+    window->setColor(Qt::black);
+    // Nobody sees it, but a screen reader calls the window so.
+    window->setTitle(QGuiApplication::applicationDisplayName());
     window->setScreen(screenOf(frame));
     window->setGeometry(toQRect(frame));
     m_content.fill(*window, content);

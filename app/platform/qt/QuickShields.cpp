@@ -55,7 +55,9 @@ void QuickShields::arrange() {
     if (m_key == nullptr) return m_front.cancel();
     // The answer to this comes after the windows, which were asked for before it.
     holdKeyboard();
-    const auto windows = shownNumbers();
+    auto windows = shownNumbers();
+    // The last that came is in front of those that are just fading.
+    std::ranges::reverse(windows);
     m_front = layers().keepInFront({windows, m_key->window().winId(), [this] { holdKeyboard(); }});
 }
 

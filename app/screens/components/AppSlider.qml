@@ -31,6 +31,10 @@ FocusScope {
     T.Slider {
         id: slider
 
+        // The names under which a screen reader asks for the ends.
+        readonly property real minimumValue: from
+        readonly property real maximumValue: to
+
         anchors.fill: parent
         focus: true
         enabled: root.enabled

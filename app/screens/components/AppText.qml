@@ -6,6 +6,8 @@ Text {
     property int weight: Font.Normal
     /// The height of the type in pixels.
     property real size: 15
+    /// Whether a control around it already says it, so that it is not read twice.
+    property bool isSaid: false
 
     color: Theme.ink
     font.family: Theme.family
@@ -14,4 +16,8 @@ Text {
     textFormat: Text.PlainText
     // The edge that is left where nothing is mirrored.
     horizontalAlignment: Text.AlignLeft
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+    Accessible.ignored: isSaid || !text
 }

@@ -11,6 +11,8 @@ FocusScope {
 
     property alias text: edit.text
     property string placeholder
+    /// What a screen reader calls it.
+    property string accessibleName: placeholder
     /// The height of the type in pixels.
     property real size: 16
     property alias weight: edit.weight
@@ -37,7 +39,10 @@ FocusScope {
 
     implicitWidth: 240
     implicitHeight: Math.min(10000, Math.max(edit.implicitHeight, hint.visible ? hint.implicitHeight : 0))
-    Component.onCompleted: appear()
+    Component.onCompleted: {
+        direction.apply();
+        appear();
+    }
     onVisibleChanged: appear()
 
     AppText {
@@ -90,10 +95,15 @@ FocusScope {
         horizontalAlignment: root.runsLeftToRight ? TextEdit.AlignLeft : TextEdit.AlignRight
 
         Accessible.role: Accessible.EditableText
-        Accessible.name: root.placeholder
+        Accessible.name: root.accessibleName
 
-        // A text that is set cannot be undone.
-        onTextChanged: if (canUndo || canRedo) root.edited()
+        onEffectiveHorizontalAlignmentChanged: direction.apply()
+        onTextChanged: {
+            direction.apply();
+            // A text that is set cannot be undone.
+            if (canUndo || canRedo)
+                root.edited();
+        }
 
         Keys.onPressed: event => {
             if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) {
@@ -132,6 +142,8 @@ FocusScope {
         }
 
         WritingDirection {
+            id: direction
+
             document: edit.textDocument
             isLeftToRight: root.runsLeftToRight
         }

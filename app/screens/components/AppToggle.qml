@@ -1,9 +1,10 @@
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Velmorin.Controls
 
 /// A label and a switch. It says what it was asked for by `toggled`; what it shows is `isOn`.
-PlainButton {
+T.CheckBox {
     id: root
 
     property string label
@@ -14,18 +15,27 @@ PlainButton {
     signal toggled(bool on)
 
     text: label
-    pressedOpacity: 0.85
-    Accessible.role: Accessible.CheckBox
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    focusPolicy: Qt.StrongFocus
+    // It never turns by itself.
+    checkState: isOn ? Qt.Checked : Qt.Unchecked
+    nextCheckState: () => root.isOn ? Qt.Checked : Qt.Unchecked
+    onClicked: toggled(!isOn)
+    Keys.forwardTo: [feel]
+
+    Accessible.name: label
     Accessible.checkable: true
     Accessible.checked: isOn
-    Accessible.onToggleAction: root.press()
-    onClicked: toggled(!isOn)
+    Accessible.onPressAction: feel.press()
+    Accessible.onToggleAction: feel.press()
 
     contentItem: RowLayout {
         spacing: 12
-        opacity: root.contentOpacity
+        opacity: feel.contentOpacity
 
         AppText {
+            isSaid: true
             Layout.fillWidth: true
             visible: root.showsLabel && text !== ""
             text: root.label
@@ -37,5 +47,12 @@ PlainButton {
             isMirrored: root.mirrored
             hasFocus: root.visualFocus
         }
+    }
+
+    ButtonFeel {
+        id: feel
+
+        button: root
+        pressedOpacity: 0.85
     }
 }

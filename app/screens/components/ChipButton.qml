@@ -29,6 +29,7 @@ PlainButton {
     }
 
     contentItem: AppText {
+        isSaid: true
         text: root.title
         weight: root.isSelected ? Font.DemiBold : Font.Normal
         size: 15

@@ -18,6 +18,7 @@ PlainButton {
     pressedOpacity: 0.75
 
     contentItem: AppText {
+        isSaid: true
         visible: root.only === null
         text: root.text
         weight: root.weight

@@ -10,12 +10,19 @@ Rectangle {
     property real minHeight: 48
     property real unit: 1
 
+    readonly property bool isTypedInto: {
+        let holder = Window.activeFocusItem as TextEdit as Item;
+        while (holder && holder !== root)
+            holder = holder.parent;
+        return holder !== null;
+    }
+
     implicitWidth: row.implicitWidth + 36 * unit
     implicitHeight: Math.max(minHeight, row.implicitHeight + 20 * unit)
     radius: 14 * unit
     color: Theme.raised
     border.width: 1
-    border.color: Theme.line
+    border.color: isTypedInto ? Theme.accent : Theme.line
 
     RowLayout {
         id: row

@@ -2,6 +2,7 @@
 
 #include <QImageReader>
 #include <algorithm>
+#include <cmath>
 
 namespace velmorin {
 
@@ -18,12 +19,14 @@ void MarkDrawing::setSource(const QString& source) {
 
 DrawnItem::Drawing MarkDrawing::drawing() const {
     if (m_picture.isNull()) return {};
-    return [picture = m_picture, size = std::min(width(), height())](QPainter& painter) {
+    return [picture = m_picture, fitting = QImage{}, size = std::min(width(), height())](QPainter& painter) mutable {
         constexpr double cornerShare = 0.22;
         const double ratio = painter.deviceTransform().m11();
-        // Scaled well once is better than a brush that is scaled badly.
-        const auto pixels = std::max(1, static_cast<int>(size * ratio + 0.5));
-        auto fitting = picture.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const auto pixels = std::max(1, static_cast<int>(std::lround(size * std::abs(ratio))));
+        // Scaled well once is better than a brush that is scaled badly each time.
+        if (fitting.width() != pixels) {
+            fitting = picture.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        }
         QBrush brush{fitting};
         brush.setTransform(QTransform::fromScale(size / pixels, size / pixels));
         painter.setPen(Qt::NoPen);

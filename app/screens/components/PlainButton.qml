@@ -2,46 +2,25 @@ import QtQuick
 import QtQuick.Templates as T
 import Velmorin.Controls
 
-/// What all buttons share: nothing to see, pressed with the mouse, with Space or with Return. A key that is held down
-/// presses once.
+/// What most buttons share, with nothing to see yet.
 T.AbstractButton {
     id: root
 
-    /// What a button shows while it is held down, on its way there and back.
-    property real pressedOpacity: 1
-    property real shownOpacity: down ? pressedOpacity : 1
-    /// That of its content, which is pale while the button is disabled.
-    readonly property real contentOpacity: shownOpacity * (enabled ? 1 : 0.5)
-
-    /// What a click does.
-    function press() {
-        if (enabled)
-            clicked();
-    }
+    property alias pressedOpacity: feel.pressedOpacity
+    readonly property alias shownOpacity: feel.shownOpacity
+    readonly property alias contentOpacity: feel.contentOpacity
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    Keys.forwardTo: [feel]
 
-    Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: root.press()
+    Accessible.onPressAction: feel.press()
 
-    Keys.onPressed: event => {
-        const presses = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
-        event.accepted = presses || event.key === Qt.Key_Space && event.isAutoRepeat;
-        if (presses && !event.isAutoRepeat)
-            press();
-    }
-    Keys.onReleased: event => event.accepted = event.key === Qt.Key_Space && event.isAutoRepeat
+    ButtonFeel {
+        id: feel
 
-    Behavior on shownOpacity {
-        enabled: !Theme.reducesMotion
-
-        NumberAnimation {
-            duration: 120
-            easing.type: Easing.OutQuad
-        }
+        button: root
     }
 }

@@ -41,6 +41,7 @@ PlainButton {
     }
 
     contentItem: AppText {
+        isSaid: true
         text: root.text
         weight: Font.Bold
         size: 19 * root.unit

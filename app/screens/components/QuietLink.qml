@@ -22,6 +22,7 @@ PlainButton {
         }
 
         AppText {
+            isSaid: true
             Layout.fillWidth: true
             text: root.text
             size: 15 * root.unit

@@ -1,8 +1,9 @@
 import QtQuick
+import QtQuick.Templates as T
 import Velmorin.Controls
 
 /// One option of a SegmentedBar.
-PlainButton {
+T.RadioButton {
     id: root
 
     required property bool isSelected
@@ -12,23 +13,28 @@ PlainButton {
     /// Another option is wanted, so many places after this one.
     signal moved(int places)
 
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 38
     horizontalPadding: 14
-    pressedOpacity: 0.75
-    focusPolicy: isStop ? Qt.StrongFocus : Qt.ClickFocus
-    Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: isSelected
-
+    focusPolicy: isStop || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
+    // The bar chooses, not the button.
+    checkable: false
+    Keys.forwardTo: [feel]
     Keys.onLeftPressed: moved(mirrored ? 1 : -1)
     Keys.onRightPressed: moved(mirrored ? -1 : 1)
     Keys.onUpPressed: moved(-1)
     Keys.onDownPressed: moved(1)
 
+    Accessible.name: text
+    Accessible.checkable: true
+    Accessible.checked: isSelected
+    Accessible.onPressAction: feel.press()
+    Accessible.onToggleAction: feel.press()
+
     background: Rectangle {
         radius: 10
         color: root.isSelected ? Theme.accent : "transparent"
-        opacity: root.contentOpacity
+        opacity: feel.contentOpacity
 
         FocusRing {
             visible: root.visualFocus
@@ -38,13 +44,21 @@ PlainButton {
     }
 
     contentItem: AppText {
+        isSaid: true
         text: root.text
         weight: root.isSelected ? Font.DemiBold : Font.Normal
         size: 15
         color: root.isSelected ? Theme.onAccent : Theme.ink
-        opacity: root.contentOpacity
+        opacity: feel.contentOpacity
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
+    }
+
+    ButtonFeel {
+        id: feel
+
+        button: root
+        pressedOpacity: 0.75
     }
 }

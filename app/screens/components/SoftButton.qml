@@ -21,6 +21,7 @@ PlainButton {
     }
 
     contentItem: AppText {
+        isSaid: true
         text: root.text
         weight: Font.Medium
         size: 15

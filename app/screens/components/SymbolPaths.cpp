@@ -34,6 +34,7 @@ SymbolPaths leaf() {
     made.lines.moveTo(7, 17);
     made.lines.cubicTo(2.5, 9, 9, 4.5, 20, 4.5);
     made.lines.cubicTo(20, 15.5, 15, 21, 7, 17);
+    made.areas = made.lines;
     made.lines.moveTo(4, 20.5);
     made.lines.cubicTo(6.5, 15, 9.5, 12, 14, 10);
     return made;

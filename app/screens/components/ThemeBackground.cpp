@@ -3,6 +3,7 @@
 #include "app/screens/components/SoftwarePainter.h"
 #include "app/strings/Appearance.h"
 #include "app/theme/GlowField.h"
+#include "core/foundation/RawValue.h"
 
 #include <QImage>
 #include <QQuickWindow>
@@ -35,23 +36,23 @@ public:
     void render(const RenderState* state) override {
         auto* painter = softwarePainter(m_ground.window);
         if (painter == nullptr) return;
-        painter->setTransform(matrix()->toTransform());
         // Pixels are computed one by one, however the item's units relate to them.
+        painter->setTransform(matrix()->toTransform());
         const QTransform toDevice = painter->deviceTransform();
         const QTransform toItem = toDevice.inverted();
         const QRect covered = toDevice.mapRect(m_bounds).toAlignedRect();
-        const double ratio = painter->device()->devicePixelRatio();
+        if (toDevice.isRotating()) painter->setClipRect(m_bounds);
         painter->setTransform({});
-        painter->setClipRegion(*state->clipRegion());
-        if (toDevice.isRotating()) painter->setClipRect(matrix()->toTransform().mapRect(m_bounds), Qt::IntersectClip);
+        painter->setClipRegion(*state->clipRegion(), toDevice.isRotating() ? Qt::IntersectClip : Qt::ReplaceClip);
+        const QTransform sceneToDevice = painter->deviceTransform();
+        const double ratio = painter->device()->devicePixelRatio();
+        painter->setViewTransformEnabled(false);
         painter->setTransform(QTransform::fromScale(1 / ratio, 1 / ratio));
         painter->setOpacity(inheritedOpacity());
         painter->setCompositionMode(inheritedOpacity() < 1 ? QPainter::CompositionMode_SourceOver
                                                            : QPainter::CompositionMode_Source);
         for (const QRect& changed : *state->clipRegion()) {
-            const QRectF scaled{changed.x() * ratio, changed.y() * ratio, changed.width() * ratio,
-                                changed.height() * ratio};
-            paint(*painter, covered & scaled.toAlignedRect(), toItem);
+            paint(*painter, covered & sceneToDevice.mapRect(QRectF{changed}).toAlignedRect(), toItem);
         }
     }
 
@@ -104,12 +105,20 @@ private:
 
 ThemeBackground::ThemeBackground(QQuickItem* parent) : QQuickItem{parent} {
     setFlag(ItemHasContents);
-    m_theme = Appearance::shared().theme().watch([this] { update(); });
+    m_watch = Appearance::shared().theme().watch([this] { update(); });
+}
+
+void ThemeBackground::setTheme(const QString& name) {
+    if (name == m_name) return;
+    m_name = name;
+    Q_EMIT themeChanged();
+    update();
 }
 
 QSGNode* ThemeBackground::updatePaintNode(QSGNode* node, UpdatePaintNodeData*) {
     delete node;
-    return new GroundNode{window(), size(), ThemeColors::of(*Appearance::shared().theme())};
+    const auto own = fromRawValue<ColorTheme>(m_name.toStdString());
+    return new GroundNode{window(), size(), ThemeColors::of(own.value_or(*Appearance::shared().theme()))};
 }
 
 void ThemeBackground::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {

@@ -3,6 +3,7 @@
 #include "app/seams/Cancellable.h"
 
 #include <QQuickItem>
+#include <QString>
 #include <QtQml/qqmlregistration.h>
 
 namespace velmorin {
@@ -13,16 +14,25 @@ namespace velmorin {
 class ThemeBackground : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
+    /// The theme it shows, by its stored name such as "dawn"; when empty, that of the screens.
+    Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY themeChanged FINAL)
 
 public:
     explicit ThemeBackground(QQuickItem* parent = nullptr);
+
+    QString theme() const { return m_name; }
+    void setTheme(const QString& name);
+
+Q_SIGNALS:
+    void themeChanged();
 
 protected:
     QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData*) override;
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
 
 private:
-    Cancellable m_theme;
+    QString m_name;
+    Cancellable m_watch;
 };
 
 } // namespace velmorin

@@ -23,7 +23,12 @@ void WritingDirection::apply() {
     if (m_document.isNull()) return;
     auto* text = m_document->textDocument();
     QTextOption option = text->defaultTextOption();
-    option.setTextDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::RightToLeft);
+    const auto direction = m_isLeftToRight ? Qt::LeftToRight : Qt::RightToLeft;
+    // Otherwise the alignment would count from the right when the direction does.
+    const Qt::Alignment edge = Qt::AlignAbsolute | (m_isLeftToRight ? Qt::AlignLeft : Qt::AlignRight);
+    if (option.textDirection() == direction && option.alignment() == edge) return;
+    option.setTextDirection(direction);
+    option.setAlignment(edge);
     text->setDefaultTextOption(option);
 }
 

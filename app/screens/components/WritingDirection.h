@@ -8,7 +8,8 @@
 namespace velmorin {
 
 /// Makes a text field write in one direction whatever its text begins with: a Persian sentence that begins with a Latin
-/// name still reads from the right. Main thread.
+/// name still reads from the right. The toolkit's field decides anew at every change of its text; so whoever uses this
+/// calls `apply` after each. Main thread.
 class WritingDirection : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -22,14 +23,13 @@ public:
     void setDocument(QQuickTextDocument* document);
     bool isLeftToRight() const { return m_isLeftToRight; }
     void setLeftToRight(bool isLeftToRight);
+    Q_INVOKABLE void apply();
 
 Q_SIGNALS:
     void documentChanged();
     void isLeftToRightChanged();
 
 private:
-    void apply();
-
     QPointer<QQuickTextDocument> m_document;
     bool m_isLeftToRight = true;
 };
