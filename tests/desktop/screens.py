@@ -36,6 +36,9 @@ CONTROLS = {
     "link", "menu item", "combo box", "spin button",
 }
 
+# What holds other things, or calls for attention: these need one too.
+CONTAINERS = {"panel", "grouping", "dialog", "alert", "notification", "list"}
+
 ENGLISH = {"language": "en", "colorTheme": "dusk", "showFloatingTimer": False, "lockPhoneToo": False}
 
 
@@ -136,6 +139,7 @@ class Node:
         return extents.x, extents.y, extents.width, extents.height
 
     def has(self, state):
+        self.accessible.clear_cache()  # not every change is announced
         return self.accessible.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
 
     @property
@@ -238,8 +242,15 @@ class Screens:
         return "\n".join(lines)
 
     def nameless(self):
-        """The controls that a screen reader could only call by their kind."""
-        return [node for node in self.nodes() if node.role in CONTROLS and not node.name.strip()]
+        """What is on the screen that a screen reader could only call by its kind."""
+        return [
+            node for node in self.nodes()
+            if node.role in CONTROLS | CONTAINERS and not node.name.strip() and node.has("showing")
+        ]
+
+    def of_no_kind(self):
+        """What is on the screen that a screen reader does not know what to do with."""
+        return [node for node in self.nodes() if node.role in ("unknown", "invalid", "") and node.has("showing")]
 
     # --- Using --------------------------------------------------------------------------------------------------
 
@@ -344,6 +355,11 @@ class ScreensTest(unittest.TestCase):
         self.others.append(process)
         wait_until(lambda: self.windows.of(process.pid))
         return process
+
+    def await_main_window(self):
+        """Until it stands where the window manager wants it, and has the keyboard."""
+        process = self.program.process
+        wait_until(lambda: self.windows.active() in [int(each, 16) for each in self.windows.of(process.pid)])
 
     def activate(self, process):
         self.windows.activate(self.windows.of(process.pid)[0])

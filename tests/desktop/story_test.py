@@ -215,32 +215,46 @@ class StoryTest(ScreensTest):
         pid = self.desktop.run("xdotool", "getwindowpid", found.group(1), check=False)
         return pid.isdigit() and int(pid) in self.program.pids()
 
-    def test_every_control_of_every_screen_has_a_name(self):
+    def look(self, *texts):
+        """Whether a screen reader can tell what is on the screen: these texts, and a name for all that needs one."""
+        for text in texts:
+            self.screens.find(text)
+        for flaw in (self.screens.nameless, self.screens.of_no_kind):
+            found = flaw()
+            self.assertEqual(found, [], f"{texts}:\n{self.screens.tree()}" if found else "")
+
+    def test_every_control_of_the_main_window_and_of_the_way_out_has_a_name(self):
         self.install("word")
         screens = self.open(profiles=[profile(domains=["example.org"])])
-        seen = {}
-
-        def look(name):
-            seen[name] = screens.tree()
-            self.assertEqual(screens.nameless(), [], f"{name}:\n{seen[name]}")
-
-        screens.find("Start session", "push button")
-        look("start")
+        self.look("Start session", "What will you focus on today?")
         screens.click("Profiles")
-        screens.find("Choose apps…", "push button")
-        look("profiles")
+        self.look("Choose apps…", "Allowed sites", "Remove example.org")
         screens.click("Choose apps…", "push button")
-        screens.find("Search apps", "text")
-        look("picker")
+        self.look("Search apps", "Tidy Word")
         screens.key("Escape")
         screens.click("Start")
         self.start_by_mouse()
         self.program_again()
-        screens.find("End session", "push button")
-        look("running")
+        self.look("End session")
         screens.click("End session", "push button")
-        screens.find("I'll stay and continue", "push button")
-        look("exit")
+        self.look("I'll stay and continue")
+
+    def test_every_control_of_a_warning_has_a_name(self):
+        self.warned()
+        self.look("One slow breath…", "This session's work", "Write the report", "For example: message a friend")
+        self.look("Back to work")
+
+    def test_every_control_of_the_screens_that_a_session_shows_by_itself_has_a_name(self):
+        for plan, elapsed, texts in (
+            ([("work", 600.0)], 10.0, ["Time", "Left in session", "Write the report", "Got a thought? Write it here"]),
+            ([("work", 600.0), ("lockedBreak", 60.0), ("work", 600.0)], 610.0, ["Break time", "Back to work early"]),
+            ([("work", 600.0), ("shortBreak", 3.0), ("work", 600.0)], 601.0, ["This round's work", "Let's start"]),
+            ([("work", 600.0)], 597.0, ["Focus time", "Done"]),
+        ):
+            with self.subTest(shows=texts):
+                self.open(session=session(plan, elapsed=elapsed))
+                self.look(*texts)
+                self.program.stop()
 
 
 if __name__ == "__main__":
