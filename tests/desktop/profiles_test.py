@@ -139,13 +139,14 @@ class ProfilesTest(ScreensTest):
         self.await_listed()
         self.close_picker()
         wait_until(lambda: screens.focused() and screens.focused().name == "Choose apps…")
-        # Again by the keyboard alone, to the last row.
+        # Again by the keyboard alone.
         screens.key("Return")
         screens.find("Search apps", "text")
         wait_until(lambda: "Program 000" in self.listed())
         screens.tab_to("Allowed apps", "list")
-        screens.key("End", "Up", "Down")
-        screens.key("space")
+        screens.key("Down", "Down", "space")
+        self.await_stored("allowedApps", [[{"bundleID": "p2", "name": "Program 002"}]])
+        self.assertTrue(screens.find("Program 002", "check box").is_checked)
         self.close_picker()
         wait_until(lambda: screens.focused() and screens.focused().name == "Choose apps…")
 

@@ -231,7 +231,12 @@ class Screens:
         wait_until(lambda: not self.is_there(name, role))
 
     def focused(self):
-        return next((node for node in self.nodes() if node.is_focused and node.role != "frame"), None)
+        """The innermost thing that has the keyboard: what it lies in may say so, too."""
+        try:
+            focused = [node for node in self.nodes() if node.is_focused and node.role != "frame"]
+        except GLib.Error:
+            return None  # what was looked at has just gone
+        return focused[-1] if focused else None
 
     def tree(self):
         """All of it as text, for eyes."""
