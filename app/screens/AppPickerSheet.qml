@@ -5,11 +5,12 @@ import Velmorin.Shell
 import Velmorin.Controls
 
 /// The sheet on which the applications of a profile are chosen.
-T.Popup {
+T.Dialog {
     id: root
 
     required property ProfileEditorModel editor
 
+    title: Texts.chooseApps
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
     width: 500
@@ -42,8 +43,6 @@ T.Popup {
         focus: true
         LayoutMirroring.enabled: Texts.isRightToLeft
         LayoutMirroring.childrenInherit: true
-        Accessible.role: Accessible.Dialog
-        Accessible.name: Texts.chooseApps
 
         ColumnLayout {
             anchors.fill: parent

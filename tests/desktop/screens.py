@@ -4,19 +4,27 @@ Needs the system's own Python, which has the bindings of AT-SPI. One desktop for
 that they have found first.
 """
 
+import argparse
+import contextlib
 import json
 import os
 import shutil
+import sys
+import unittest
 import uuid
 from pathlib import Path
 
-import gi
+try:
+    import gi
 
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi, GLib
+except (ImportError, ValueError) as error:
+    print(f"Skipped: there is no way to read the screens ({error})")
+    sys.exit(77)
 
-from desktop import Desktop, wait_until  # noqa: E402
-from session import COMPANIONS  # noqa: E402
+from desktop import WINDOW_MANAGERS, Desktop, wait_until  # noqa: E402
+from session import COMPANIONS, Windows, now  # noqa: E402
 
 # The three monitors, side by side on one screen of the server.
 MONITORS = {"*A": "1280/339x800/212+0+0", "B": "1024/271x768/203+1280+0", "C": "640/170x480/127+2304+0"}
@@ -27,6 +35,11 @@ CONTROLS = {
     "push button", "toggle button", "check box", "radio button", "slider", "text", "entry", "list item", "page tab",
     "link", "menu item", "combo box", "spin button",
 }
+
+# What holds other things, or calls for attention: these need one too.
+CONTAINERS = {"panel", "grouping", "dialog", "alert", "notification", "list"}
+
+ENGLISH = {"language": "en", "colorTheme": "dusk", "showFloatingTimer": False, "lockPhoneToo": False}
 
 
 def on_three_monitors(wm="openbox"):
@@ -126,6 +139,7 @@ class Node:
         return extents.x, extents.y, extents.width, extents.height
 
     def has(self, state):
+        self.accessible.clear_cache()  # not every change is announced
         return self.accessible.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
 
     @property
@@ -217,7 +231,12 @@ class Screens:
         wait_until(lambda: not self.is_there(name, role))
 
     def focused(self):
-        return next((node for node in self.nodes() if node.is_focused and node.role != "frame"), None)
+        """The innermost thing that has the keyboard: what it lies in may say so, too."""
+        try:
+            focused = [node for node in self.nodes() if node.is_focused and node.role != "frame"]
+        except GLib.Error:
+            return None  # what was looked at has just gone
+        return focused[-1] if focused else None
 
     def tree(self):
         """All of it as text, for eyes."""
@@ -228,8 +247,15 @@ class Screens:
         return "\n".join(lines)
 
     def nameless(self):
-        """The controls that a screen reader could only call by their kind."""
-        return [node for node in self.nodes() if node.role in CONTROLS and not node.name.strip()]
+        """What is on the screen that a screen reader could only call by its kind."""
+        return [
+            node for node in self.nodes()
+            if node.role in CONTROLS | CONTAINERS and not node.name.strip() and node.has("showing")
+        ]
+
+    def of_no_kind(self):
+        """What is on the screen that a screen reader does not know what to do with."""
+        return [node for node in self.nodes() if node.role in ("unknown", "invalid", "") and node.has("showing")]
 
     # --- Using --------------------------------------------------------------------------------------------------
 
@@ -269,3 +295,111 @@ class Screens:
 
     def picture(self, path):
         self.desktop.run("scrot", "--overwrite", str(path))
+
+
+def profile(name="Work", allowed=("word", "sheet"), domains=(), mode="pomodoro"):
+    return {
+        "id": str(uuid.uuid4()).upper(), "name": name, "mode": mode, "allowedDomains": list(domains),
+        "allowedApps": [{"bundleID": identifier, "name": identifier.capitalize()} for identifier in allowed],
+        "pomodoro": {
+            "workMinutes": 25, "shortBreakMinutes": 5, "longBreakMinutes": 15, "cyclesBeforeLongBreak": 4,
+            "totalCycles": 4,
+        },
+        "deep": {"totalMinutes": 180, "breakEveryMinutes": 60, "breakMinutes": 5},
+    }
+
+
+def session(segments, elapsed=0.0, intent="Write the report", allowed=("word", "sheet")):
+    """A session as a process leaves it that has died."""
+    return {
+        "id": str(uuid.uuid4()).upper(), "profileName": "Work", "mode": "pomodoro", "intent": intent,
+        "startedAt": now() - elapsed, "segments": [{"kind": kind, "duration": length} for kind, length in segments],
+        "allowedBundleIDs": list(allowed), "allowedDomains": [], "attempts": 0, "returns": 0, "hiddenBundleIDs": [],
+    }
+
+
+class ScreensTest(unittest.TestCase):
+    """A test of the real program. All tests of a file share one desktop; each starts a program of its own."""
+
+    desktop = None
+    programs = None  # the folder of what was built
+    pictures = None  # the folder that pictures go to, if they are wanted
+
+    def setUp(self):
+        self.windows = Windows(self.desktop)
+        self.others = []
+        self.program = None
+        self.addCleanup(self.tidy)
+
+    def tidy(self):
+        if self.program:
+            if self._outcome_is_bad():
+                print(self.screens.tree(), self.program.log(), sep="\n", file=sys.stderr)
+            self.program.stop()
+        for process in self.others:
+            self.desktop.stop(process)
+
+    def _outcome_is_bad(self):
+        return any(error for _, error in getattr(self._outcome, "errors", []) if error) or any(
+            True for failed, _ in self._outcome.result.failures + self._outcome.result.errors if failed is self
+        )
+
+    def open(self, *arguments, **stored):
+        stored.setdefault("settings", ENGLISH)
+        stored.setdefault("profiles", [profile()])
+        self.program = Program(self.desktop, self.programs, **stored)
+        self.program.start(*arguments)
+        self.screens = Screens(self.desktop, self.program)
+        return self.screens
+
+    def show_window(self, name, *options):
+        """Another program's window, with an application of that name behind it."""
+        process = self.desktop.start(
+            self.programs / "velmorin-test-window", "--class", name, "--title", name.capitalize(), *options
+        )
+        self.others.append(process)
+        wait_until(lambda: self.windows.of(process.pid))
+        return process
+
+    def await_main_window(self):
+        """Until it stands where the window manager wants it, and has the keyboard."""
+        process = self.program.process
+        wait_until(lambda: self.windows.active() in [int(each, 16) for each in self.windows.of(process.pid)])
+
+    def activate(self, process):
+        self.windows.activate(self.windows.of(process.pid)[0])
+
+    def picture(self, name):
+        if self.pictures:
+            self.screens.picture(self.pictures / f"{name}.png")
+
+    def program_again(self):
+        """A second start, which shows the main window of the first."""
+        self.desktop.start(self.program.path)
+
+    def install(self, name, shown_name=None, folder=None, **keys):
+        """An application in the user's folder of them, or in another."""
+        folder = folder or self.desktop.home / ".local/share/applications"
+        folder.mkdir(parents=True, exist_ok=True)
+        entry = folder / f"{name}.desktop"
+        keys = {
+            "Type": "Application", "Name": shown_name or f"Tidy {name.capitalize()}", "StartupWMClass": name,
+            "Exec": f"{self.programs}/velmorin-test-window --class {name}", **keys,
+        }
+        entry.write_text("[Desktop Entry]\n" + "".join(f"{key}={value}\n" for key, value in keys.items()))
+        self.addCleanup(entry.unlink)
+
+
+def main(usage):
+    """Runs the tests of the file that was started, as its arguments say."""
+    parser = argparse.ArgumentParser(usage=usage)
+    parser.add_argument("--wm", default="openbox", choices=WINDOW_MANAGERS)
+    parser.add_argument("--programs", required=True, type=lambda path: Path(path).resolve())
+    parser.add_argument("--pictures", type=Path)
+    options, rest = parser.parse_known_args()
+    ScreensTest.programs, ScreensTest.pictures = options.programs, options.pictures
+    with contextlib.ExitStack() as stack:
+        ScreensTest.desktop = on_three_monitors(options.wm)
+        stack.callback(ScreensTest.desktop.__exit__, None, None, None)
+        program = unittest.main(argv=[sys.argv[0], *rest], exit=False, verbosity=2)
+    return 0 if program.result.wasSuccessful() else 1

@@ -4,90 +4,19 @@
 Usage: story_test.py --programs DIR [--wm NAME] [--pictures DIR] [TEST...]
 """
 
-import argparse
-import contextlib
 import re
 import sys
 import time
-import unittest
-import uuid
-from pathlib import Path
 
-from desktop import WINDOW_MANAGERS, wait_until
-from screens import Program, Screens, add_missing_monitors, add_monitors, on_three_monitors, remove_monitor
-from session import Windows, now
+from desktop import wait_until
+from screens import ScreensTest, add_missing_monitors, add_monitors, main, profile, remove_monitor, session
 
-OPTIONS = argparse.Namespace(wm="openbox", programs=None, pictures=None)
-
-ENGLISH = {"language": "en", "colorTheme": "dusk", "showFloatingTimer": False, "lockPhoneToo": False}
 WARNING_PAUSE = 5.0  # seconds, of a session's first attempt
 REASON = "I have to leave the house now"
 
-desktop = None
 
-
-def profile(name="Work", allowed=("word", "sheet"), domains=(), mode="pomodoro"):
-    return {
-        "id": str(uuid.uuid4()).upper(), "name": name, "mode": mode, "allowedDomains": list(domains),
-        "allowedApps": [{"bundleID": identifier, "name": identifier.capitalize()} for identifier in allowed],
-        "pomodoro": {
-            "workMinutes": 25, "shortBreakMinutes": 5, "longBreakMinutes": 15, "cyclesBeforeLongBreak": 4,
-            "totalCycles": 4,
-        },
-        "deep": {"totalMinutes": 180, "breakEveryMinutes": 60, "breakMinutes": 5},
-    }
-
-
-def session(segments, elapsed=0.0, intent="Write the report", allowed=("word", "sheet")):
-    """A session as a process leaves it that has died."""
-    return {
-        "id": str(uuid.uuid4()).upper(), "profileName": "Work", "mode": "pomodoro", "intent": intent,
-        "startedAt": now() - elapsed, "segments": [{"kind": kind, "duration": length} for kind, length in segments],
-        "allowedBundleIDs": list(allowed), "allowedDomains": [], "attempts": 0, "returns": 0, "hiddenBundleIDs": [],
-    }
-
-
-class ProgramTest(unittest.TestCase):
-    def setUp(self):
-        self.windows = Windows(desktop)
-        self.others = []
-        self.program = None
-        self.addCleanup(self.tidy)
-
-    def tidy(self):
-        if self.program:
-            if self._outcome_is_bad():
-                print(self.screens.tree(), self.program.log(), sep="\n", file=sys.stderr)
-            self.program.stop()
-        for process in self.others:
-            desktop.stop(process)
-
-    def _outcome_is_bad(self):
-        return any(error for _, error in getattr(self._outcome, "errors", []) if error) or any(
-            True for failed, _ in self._outcome.result.failures + self._outcome.result.errors if failed is self
-        )
-
+class StoryTest(ScreensTest):
     # --- Scenes ---------------------------------------------------------------------------------------------------
-
-    def open(self, *arguments, **stored):
-        stored.setdefault("settings", ENGLISH)
-        stored.setdefault("profiles", [profile()])
-        self.program = Program(desktop, OPTIONS.programs, **stored)
-        self.program.start(*arguments)
-        self.screens = Screens(desktop, self.program)
-        return self.screens
-
-    def show_window(self, name, *options):
-        """Another program's window, with an application of that name behind it."""
-        process = desktop.start(
-            Path(OPTIONS.programs) / "velmorin-test-window", "--class", name, "--title", name.capitalize(), *options
-        )
-        self.others.append(process)
-        wait_until(lambda: self.windows.of(process.pid))
-        return process
-
-    def activate(self, process):
-        self.windows.activate(self.windows.of(process.pid)[0])
 
     def is_hidden(self, process):
         return self.windows.are_iconic(self.windows.of(process.pid))
@@ -95,15 +24,11 @@ class ProgramTest(unittest.TestCase):
     def shields(self):
         """The boxes of the overlay's windows: those that no window manager looks after."""
         boxes = []
-        for line in desktop.run("xwininfo", "-root", "-children").splitlines():
+        for line in self.desktop.run("xwininfo", "-root", "-children").splitlines():
             found = re.search(r'"Velmorin"\)\s+(\d+)x(\d+)\S*\s+\+(-?\d+)\+(-?\d+)$', line)
             if found and min(map(int, found.group(1, 2))) > 100:
                 boxes.append(tuple(map(int, found.group(3, 4, 1, 2))))
         return sorted(boxes)
-
-    def picture(self, name):
-        if OPTIONS.pictures:
-            self.screens.picture(Path(OPTIONS.pictures) / f"{name}.png")
 
     def start_by_mouse(self, goal="Write the report"):
         self.screens.click("What exactly do you want to finish?", "text")
@@ -150,7 +75,7 @@ class ProgramTest(unittest.TestCase):
             screens.click(name, "check box")
         self.picture("picker")
         screens.click("Done", "push button")
-        screens.click("example.org", "text")
+        screens.click("Allowed sites", "text")
         screens.type("https://www.example.org/a/path")
         screens.key("Return")
         screens.find("Remove example.org", "push button")
@@ -206,18 +131,6 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual((record["outcome"], record["exitReason"]), ("aborted", "short no longer: " + REASON))
         wait_until(lambda: not self.is_hidden(game))
 
-    def install(self, name):
-        folder = desktop.home / ".local/share/applications"
-        folder.mkdir(parents=True, exist_ok=True)
-        (folder / f"{name}.desktop").write_text(
-            f"[Desktop Entry]\nType=Application\nName=Tidy {name.capitalize()}\n"
-            f"Exec={OPTIONS.programs}/velmorin-test-window --class {name}\nStartupWMClass={name}\n"
-        )
-
-    def program_again(self):
-        """A second start, which shows the main window of the first."""
-        desktop.start(self.program.path)
-
     def test_a_session_is_started_by_the_keyboard_alone(self):
         screens = self.open()
         screens.find("Start session", "push button")
@@ -253,14 +166,14 @@ class ProgramTest(unittest.TestCase):
 
     def test_monitors_come_and_go_under_an_overlay(self):
         screens, _, _ = self.warned()
-        self.addCleanup(add_missing_monitors, desktop)
-        remove_monitor(desktop, "C")
+        self.addCleanup(add_missing_monitors, self.desktop)
+        remove_monitor(self.desktop, "C")
         wait_until(lambda: len(self.shields()) == 2)
-        remove_monitor(desktop, "B")
+        remove_monitor(self.desktop, "B")
         wait_until(lambda: len(self.shields()) == 1)
-        add_monitors(desktop, ["B"])
+        add_monitors(self.desktop, ["B"])
         wait_until(lambda: len(self.shields()) == 2)
-        add_monitors(desktop, ["C"])
+        add_monitors(self.desktop, ["C"])
         wait_until(lambda: len(self.shields()) == 3)
         screens.type("still mine")
         wait_until(lambda: any(node.text == "still mine" for node in screens.all(role="text")))
@@ -287,9 +200,9 @@ class ProgramTest(unittest.TestCase):
         _, _, word = self.warned()
         self.activate(word)
         # One that no window manager looks after, and that covers everything.
-        intruder = Path(OPTIONS.programs) / "velmorin-test-window"
-        self.others.append(desktop.start(intruder, "--class", "intruder", "--title", "Intruder", "--covers-all"))
-        wait_until(lambda: "Intruder" in desktop.run("xwininfo", "-root", "-children"))
+        intruder = self.programs / "velmorin-test-window"
+        self.others.append(self.desktop.start(intruder, "--class", "intruder", "--title", "Intruder", "--covers-all"))
+        wait_until(lambda: "Intruder" in self.desktop.run("xwininfo", "-root", "-children"))
         for box in self.shields():
             wait_until(lambda: self.is_on_top(box))
         self.screens.type("mine")
@@ -297,56 +210,52 @@ class ProgramTest(unittest.TestCase):
 
     def is_on_top(self, box):
         """Whether what is under the middle of a screen belongs to the program."""
-        desktop.run("xdotool", "mousemove", str(box[0] + box[2] // 2), str(box[1] + box[3] // 2))
-        found = re.search(r"window:(\d+)", desktop.run("xdotool", "getmouselocation"))
-        pid = desktop.run("xdotool", "getwindowpid", found.group(1), check=False)
+        self.desktop.run("xdotool", "mousemove", str(box[0] + box[2] // 2), str(box[1] + box[3] // 2))
+        found = re.search(r"window:(\d+)", self.desktop.run("xdotool", "getmouselocation"))
+        pid = self.desktop.run("xdotool", "getwindowpid", found.group(1), check=False)
         return pid.isdigit() and int(pid) in self.program.pids()
 
-    def test_every_control_of_every_screen_has_a_name(self):
+    def look(self, *texts):
+        """Whether a screen reader can tell what is on the screen: these texts, and a name for all that needs one."""
+        for text in texts:
+            self.screens.find(text)
+        for flaw in (self.screens.nameless, self.screens.of_no_kind):
+            found = flaw()
+            self.assertEqual(found, [], f"{texts}:\n{self.screens.tree()}" if found else "")
+
+    def test_every_control_of_the_main_window_and_of_the_way_out_has_a_name(self):
         self.install("word")
         screens = self.open(profiles=[profile(domains=["example.org"])])
-        seen = {}
-
-        def look(name):
-            seen[name] = screens.tree()
-            self.assertEqual(screens.nameless(), [], f"{name}:\n{seen[name]}")
-
-        screens.find("Start session", "push button")
-        look("start")
+        self.look("Start session", "What will you focus on today?")
         screens.click("Profiles")
-        screens.find("Choose apps…", "push button")
-        look("profiles")
+        self.look("Choose apps…", "Allowed sites", "Remove example.org")
         screens.click("Choose apps…", "push button")
-        screens.find("Search apps", "text")
-        look("picker")
+        self.look("Search apps", "Tidy Word")
         screens.key("Escape")
         screens.click("Start")
         self.start_by_mouse()
         self.program_again()
-        screens.find("End session", "push button")
-        look("running")
+        self.look("End session")
         screens.click("End session", "push button")
-        screens.find("I'll stay and continue", "push button")
-        look("exit")
+        self.look("I'll stay and continue")
 
+    def test_every_control_of_a_warning_has_a_name(self):
+        self.warned()
+        self.look("One slow breath…", "This session's work", "Write the report", "For example: message a friend")
+        self.look("Back to work")
 
-def main():
-    global desktop
-    parser = argparse.ArgumentParser(usage=__doc__)
-    parser.add_argument("--wm", default="openbox", choices=WINDOW_MANAGERS)
-    parser.add_argument("--programs", required=True)
-    parser.add_argument("--pictures")
-    parser.parse_known_args(namespace=OPTIONS)
-    arguments, rest = parser.parse_known_args()
-    for name in ("wm", "programs", "pictures"):
-        setattr(OPTIONS, name, getattr(arguments, name))
-    OPTIONS.programs = str(Path(OPTIONS.programs).resolve())
-    with contextlib.ExitStack() as stack:
-        desktop = on_three_monitors(OPTIONS.wm)
-        stack.callback(desktop.__exit__, None, None, None)
-        program = unittest.main(argv=[sys.argv[0], *rest], exit=False, verbosity=2)
-    return 0 if program.result.wasSuccessful() else 1
+    def test_every_control_of_the_screens_that_a_session_shows_by_itself_has_a_name(self):
+        for plan, elapsed, texts in (
+            ([("work", 600.0)], 10.0, ["Time", "Left in session", "Write the report", "Got a thought? Write it here"]),
+            ([("work", 600.0), ("lockedBreak", 60.0), ("work", 600.0)], 610.0, ["Break time", "Back to work early"]),
+            ([("work", 600.0), ("shortBreak", 3.0), ("work", 600.0)], 601.0, ["This round's work", "Let's start"]),
+            ([("work", 600.0)], 597.0, ["Focus time", "Done"]),
+        ):
+            with self.subTest(shows=texts):
+                self.open(session=session(plan, elapsed=elapsed))
+                self.look(*texts)
+                self.program.stop()
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(__doc__))
