@@ -17,12 +17,12 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using Appearing = BackdropCover::Appearing;
 
-constexpr Rectangle left{0, 0, 1920, 1200};
-constexpr Rectangle right{1920, 0, 1280, 800};
+constexpr Rectangle onTheLeft{0, 0, 1920, 1200};
+constexpr Rectangle onTheRight{1920, 0, 1280, 800};
 
 class BackdropWindowsTest : public ::testing::Test {
 protected:
-    BackdropWindowsTest() { screens.present = {left, right}; }
+    BackdropWindowsTest() { screens.present = {onTheLeft, onTheRight}; }
 
     void show(Appearing appearing) {
         backdrop.isVisible = true;
@@ -108,10 +108,10 @@ TEST_F(BackdropWindowsTest, aChangeOfTheScreensBringsItAnewAtOnce) {
     show(Appearing::animated);
     time.advance(2);
     takeSteps();
-    screens.change({right});
+    screens.change({onTheRight});
     EXPECT_THAT(takeSteps(), ElementsAre("1 out", "2 out", "3 front"));
     ASSERT_THAT(covers.onScreen(), SizeIs(1));
-    EXPECT_EQ(covers.onScreen()[0]->frame, right);
+    EXPECT_EQ(covers.onScreen()[0]->frame, onTheRight);
     EXPECT_EQ(covers.onScreen()[0]->opacity, 1);
 }
 
@@ -128,7 +128,7 @@ TEST_F(BackdropWindowsTest, aChangeOfTheScreensWhileItIsNotWantedShowsNothing) {
     backdrop.hide();
     time.advance(1);
     takeSteps();
-    screens.change({left});
+    screens.change({onTheLeft});
     EXPECT_THAT(takeSteps(), IsEmpty());
 }
 

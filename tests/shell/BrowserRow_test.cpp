@@ -11,7 +11,7 @@
 namespace velmorin {
 namespace {
 
-constexpr const char* chrome = "com.google.Chrome";
+constexpr const char* chromeID = "com.google.Chrome";
 
 class BrowserRowTest : public PageTest {
 protected:
@@ -26,14 +26,14 @@ protected:
 
     BrowserRowTest() {
         Profile first{"Studying", SessionMode::pomodoro};
-        first.allowedApps = {{chrome, "Chrome"}};
+        first.allowedApps = {{chromeID, "Chrome"}};
         setProfiles({first, Profile{"Code", SessionMode::deep}});
-        desktop.workspace.add({.pid = 7, .bundleID = chrome, .name = "Chrome"});
+        desktop.workspace.add({.pid = 7, .bundleID = chromeID, .name = "Chrome"});
     }
 
     BrowserRow& row() { return *static_cast<QList<BrowserRow*>*>(model.editor()->allowedBrowsers().data)->first(); }
     void answer(SimulatedBrowsers::Says says, double delay = 1) {
-        desktop.browsers.behave(BrowserKind::chrome, {std::move(says), delay});
+        desktop.browsers.behave(BrowserKind::chromeID, {std::move(says), delay});
     }
     static QString clipboard() { return QGuiApplication::clipboard()->text(); }
 
@@ -111,21 +111,21 @@ TEST_F(BrowserRowTest, theMessageFollowsTheLanguage) {
 }
 
 TEST_F(BrowserRowTest, settingUpTellsTheBrowserOfTheProgramOpensItAndSaysWhatIsLeftToDo) {
-    desktop.workspace.installed.insert(chrome);
+    desktop.workspace.installed.insert(chromeID);
     EXPECT_EQ(row().setUpText(), text(PlatformStrings::english.setUpBrowser("Chrome")));
     EXPECT_TRUE(row().steps().isEmpty());
     row().setUp();
-    EXPECT_EQ(setup.introduced, std::vector{BrowserKind::chrome});
-    EXPECT_EQ(clipboard(), "chrome://extensions");
+    EXPECT_EQ(setup.introduced, std::vector{BrowserKind::chromeID});
+    EXPECT_EQ(clipboard(), "chromeID://extensions");
     ASSERT_EQ(row().steps().size(), 5);
-    EXPECT_EQ(row().steps().first(), "1. " + text(PlatformStrings::english.openPage("chrome://extensions")));
+    EXPECT_EQ(row().steps().first(), "1. " + text(PlatformStrings::english.openPage("chromeID://extensions")));
     desktop.time.advance(1);
     ASSERT_NE(desktop.workspace.frontmostApplication(), nullptr);
-    EXPECT_EQ(desktop.workspace.frontmostApplication()->bundleIdentifier(), chrome);
+    EXPECT_EQ(desktop.workspace.frontmostApplication()->bundleIdentifier(), chromeID);
     row().copyFolder();
     EXPECT_EQ(clipboard(), "/usr/share/extension");
     row().copyAddress();
-    EXPECT_EQ(clipboard(), "chrome://extensions");
+    EXPECT_EQ(clipboard(), "chromeID://extensions");
 }
 
 TEST_F(BrowserRowTest, theStepsAreNumberedInTheDigitsOfTheLanguage) {
