@@ -50,10 +50,9 @@ function(velmorin_test name)
     endif()
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest_main)
     set_target_properties(${name} PROPERTIES UNITY_BUILD ${VELMORIN_UNITED_TESTS} UNITY_BUILD_BATCH_SIZE 8)
-    if(VELMORIN_UNITED_TESTS)
-        # A constant of one file and a variable of another have nothing to do with each other.
-        target_compile_options(${name} PRIVATE -Wno-shadow)
-    endif()
+    # A constant of one file and a variable of another have nothing to do with each other.
+    set_target_properties(${name} PROPERTIES
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "#pragma GCC diagnostic ignored \"-Wshadow\"")
     include(GoogleTest)
     gtest_discover_tests(${name} NO_PRETTY_VALUES
         PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300 DISCOVERY_TIMEOUT 60)
