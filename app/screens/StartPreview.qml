@@ -22,6 +22,7 @@ Column {
     }
 
     SegmentedBar {
+        accessibleName: Texts.modeHeading
         width: root.width
         options: root.model.modeNames
         selection: root.model.mode

@@ -11,6 +11,8 @@ Rectangle {
 
     property list<string> options
     property int selection: -1
+    /// What a screen reader calls the whole of it.
+    property string accessibleName
 
     signal selected(int index)
 
@@ -31,6 +33,7 @@ Rectangle {
     border.width: 1
     border.color: Theme.line
     Accessible.role: Accessible.Grouping
+    Accessible.name: accessibleName
 
     RowLayout {
         id: row
