@@ -22,6 +22,7 @@ Column {
     }
 
     SegmentedBar {
+        accessibleName: Texts.modeHeading
         width: root.width
         accessibleName: Texts.modeHeading
         options: root.model.modeNames

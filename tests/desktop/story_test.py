@@ -226,6 +226,7 @@ class StoryTest(ScreensTest):
     def test_every_control_of_the_main_window_and_of_the_way_out_has_a_name(self):
         self.install("word")
         screens = self.open(profiles=[profile(domains=["example.org"])])
+        self.await_main_window()
         self.look("Start session", "What will you focus on today?")
         screens.click("Profiles")
         self.look("Choose apps…", "Allowed sites", "Remove example.org")
@@ -246,15 +247,17 @@ class StoryTest(ScreensTest):
 
     def test_every_control_of_the_screens_that_a_session_shows_by_itself_has_a_name(self):
         for plan, elapsed, texts in (
-            ([("work", 600.0)], 10.0, ["Time", "Left in session", "Write the report", "Got a thought? Write it here"]),
+            ([("work", 600.0)], 10.0, ["Time", "Left in session", "Write the report", "End session"]),
             ([("work", 600.0), ("lockedBreak", 60.0), ("work", 600.0)], 610.0, ["Break time", "Back to work early"]),
             ([("work", 600.0), ("shortBreak", 3.0), ("work", 600.0)], 601.0, ["This round's work", "Let's start"]),
             ([("work", 600.0)], 597.0, ["Focus time", "Done"]),
         ):
             with self.subTest(shows=texts):
                 self.open(session=session(plan, elapsed=elapsed))
-                self.look(*texts)
-                self.program.stop()
+                try:
+                    self.look(*texts)
+                finally:
+                    self.program.stop()
 
 
 if __name__ == "__main__":
