@@ -24,7 +24,6 @@ Column {
     SegmentedBar {
         accessibleName: Texts.modeHeading
         width: root.width
-        accessibleName: Texts.modeHeading
         options: root.model.modeNames
         selection: root.model.mode
         onSelected: index => root.model.mode = index
