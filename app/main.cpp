@@ -74,6 +74,7 @@ int run(int& count, char** words) {
     auto options = LaunchOptions::parse(std::vector<std::string>{words + 1, words + count});
     const auto places = LinuxPlaces::ofThisProcess();
     OwnProcess::takeName(places);
+    OwnProcess::forgetStart();
     MainLoop loop;
     const auto directory = options.homeDirectory.value_or(JSONStore::defaultDirectory(places.data));
     LinuxInstance instance{loop, places, directory};

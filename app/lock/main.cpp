@@ -104,6 +104,7 @@ int run(const LockOptions& options) {
     const auto profile = options.profile ? std::optional{readProfileFile(*options.profile)} : std::nullopt;
     const auto places = LinuxPlaces::ofThisProcess();
     OwnProcess::takeName(places);
+    OwnProcess::forgetStart();
     MainLoop loop;
     auto display = X11Connection::open(loop);
     if (!display) throw MalformedInput{"there is no X11 display to run a session on"};
