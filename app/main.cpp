@@ -63,17 +63,22 @@ int runDelegate(LaunchOptions options, LinuxSeams& seams, LinuxInstance& instanc
     return QCoreApplication::exec();
 }
 
+/// A second start asks the first one to show itself, and ends.
+int handOver(const LinuxInstance& instance, const LaunchOptions& options) {
+    if (options.launchedByWatchdog || instance.askOtherToShow()) return EXIT_SUCCESS;
+    std::cerr << "Velmorin: it runs already, but does not answer\n";
+    return EXIT_FAILURE;
+}
+
 int run(int& count, char** words) {
     auto options = LaunchOptions::parse(std::vector<std::string>{words + 1, words + count});
     const auto places = LinuxPlaces::ofThisProcess();
     OwnProcess::takeName(places);
+    OwnProcess::forgetStart();
     MainLoop loop;
     const auto directory = options.homeDirectory.value_or(JSONStore::defaultDirectory(places.data));
     LinuxInstance instance{loop, places, directory};
-    if (!instance.isOnly()) {
-        if (!options.launchedByWatchdog) instance.askOtherToShow();
-        return EXIT_SUCCESS;
-    }
+    if (!instance.isOnly()) return handOver(instance, options);
     auto display = X11Connection::open(loop);
     if (!display) {
         std::cerr << "Velmorin: there is no X11 display to show anything on\n";

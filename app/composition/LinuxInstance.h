@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 namespace velmorin {
 
@@ -15,20 +16,23 @@ class LinuxInstance {
 public:
     /// The loop must outlive this.
     LinuxInstance(MainLoop& loop, const LinuxPlaces& places, const std::filesystem::path& storeDirectory)
-        : m_ofStore{loop, storeDirectory}, m_ofUser{loop, places.configuration / "Velmorin"} {}
+        : m_ofStore{loop, storeDirectory} {
+        // Of two that come at once on a store, the one that must go anyway takes nothing from the other.
+        if (m_ofStore.isFirst()) m_ofUser.emplace(loop, places.configuration / "Velmorin");
+    }
 
-    bool isOnly() const { return m_ofStore.isFirst() && m_ofUser.isFirst(); }
-    /// Asks the other one to show itself. Returns when it has been told, or soon where it does not answer.
-    void askOtherToShow() const { (m_ofStore.isFirst() ? m_ofUser : m_ofStore).askFirstToShow(); }
+    bool isOnly() const { return m_ofUser && m_ofUser->isFirst(); }
+    /// Asks the other one to show itself. Returns when it has been told; false where it does not answer soon.
+    bool askOtherToShow() const { return (m_ofUser ? *m_ofUser : m_ofStore).askFirstToShow(); }
     /// Others that come ask this one to show itself, from the main loop.
     void onShow(const std::function<void()>& call) {
         m_ofStore.onShow(call);
-        m_ofUser.onShow(call);
+        if (m_ofUser) m_ofUser->onShow(call);
     }
 
 private:
     SingleInstance m_ofStore;
-    SingleInstance m_ofUser;
+    std::optional<SingleInstance> m_ofUser; ///< absent where there is another one on the store
 };
 
 } // namespace velmorin

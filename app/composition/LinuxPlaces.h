@@ -17,7 +17,8 @@ struct LinuxPlaces {
     /// A program of ours: beside this one, as in a build tree, or where the installation puts what nobody calls by
     /// hand.
     std::filesystem::path companion(const std::string& name) const;
-    /// A folder of what comes with the program: the source tree's for one that was built there, else the installed one.
+    /// A folder of what comes with the program: where an installation has it, else the source tree's, as for a program
+    /// in its build tree.
     std::filesystem::path resources(const std::string& name) const;
     /// The folder of the extension for browsers: the installed one, else the build tree's.
     std::filesystem::path browserExtension() const;

@@ -1,12 +1,20 @@
 #include "app/composition/OwnProcess.h"
 
+#include "app/platform/linux/applications/StartupContext.h"
+
 #include <csignal>
+#include <cstdlib>
 #include <sys/prctl.h>
 
 namespace velmorin::OwnProcess {
 
 void takeName(const LinuxPlaces& places) {
     ::prctl(PR_SET_NAME, places.program.filename().c_str());
+}
+
+void forgetStart() {
+    for (const auto* variable : ownVariables)
+        ::unsetenv(variable);
 }
 
 void ignoreStops() {

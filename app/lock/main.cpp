@@ -75,7 +75,10 @@ void listCatalogue(const LinuxSeams& seams) {
 /// A second start asks the first one to show itself, and ends.
 int handOver(const LinuxInstance& instance, const LockOptions& options) {
     if (options.launch.launchedByWatchdog) return EXIT_SUCCESS;
-    instance.askOtherToShow();
+    if (!instance.askOtherToShow()) {
+        std::cerr << "velmorin-lock: it runs already, but does not answer\n";
+        return EXIT_FAILURE;
+    }
     std::cerr
         << "velmorin-lock: it runs already, and tells how it stands where it was started. To speak to it, write to\n"
            "the pipe \"commands\" in its store, as in: echo show > ~/.local/share/Velmorin/commands\n";
@@ -101,6 +104,7 @@ int run(const LockOptions& options) {
     const auto profile = options.profile ? std::optional{readProfileFile(*options.profile)} : std::nullopt;
     const auto places = LinuxPlaces::ofThisProcess();
     OwnProcess::takeName(places);
+    OwnProcess::forgetStart();
     MainLoop loop;
     auto display = X11Connection::open(loop);
     if (!display) throw MalformedInput{"there is no X11 display to run a session on"};

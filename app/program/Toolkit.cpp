@@ -6,7 +6,6 @@
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
-#include <QSessionManager>
 #include <array>
 
 Q_IMPORT_QML_PLUGIN(Velmorin_ShellPlugin)
@@ -17,20 +16,19 @@ namespace velmorin::Toolkit {
 
 namespace {
 
-/// Without GLib's loop neither a timer nor the display would ever be heard of again. A variable by which a user has
-/// turned it off goes for the time of the application's making only, so that other programs still find it.
-class GLibLoop {
+/// A variable goes for the life of this only, so that other programs still find it.
+class Without {
 public:
-    GLibLoop() { qunsetenv(variable); }
-    GLibLoop(const GLibLoop&) = delete;
-    GLibLoop& operator=(const GLibLoop&) = delete;
-    ~GLibLoop() {
-        if (!m_before.isNull()) qputenv(variable, m_before);
+    explicit Without(const char* variable) : m_variable{variable}, m_before{qgetenv(variable)} { qunsetenv(variable); }
+    Without(const Without&) = delete;
+    Without& operator=(const Without&) = delete;
+    ~Without() {
+        if (!m_before.isNull()) qputenv(m_variable, m_before);
     }
 
 private:
-    static constexpr const char* variable = "QT_NO_GLIB";
-    QByteArray m_before = qgetenv(variable);
+    const char* m_variable;
+    QByteArray m_before;
 };
 
 } // namespace
@@ -45,14 +43,15 @@ std::unique_ptr<QApplication> makeApplication(char* program, const char* applica
     static auto platform = std::to_array("xcb");
     static std::array<char*, 4> words{program, option.data(), platform.data(), nullptr};
     static int count = 3;
-    const GLibLoop loop;
+    // Without GLib's loop neither a timer nor the display would ever be heard of again.
+    const Without refusalOfGLib{"QT_NO_GLIB"};
+    // As a client of the X session manager the toolkit would close all windows and end the process when told to, and
+    // also when that manager goes, and nobody here would be asked. Those who end a session are heard on the bus.
+    const Without sessionManager{"SESSION_MANAGER"};
     auto application = std::make_unique<QApplication>(count, words.data());
     QGuiApplication::setQuitOnLastWindowClosed(false);
     if (!QAbstractEventDispatcher::instance()->inherits("QEventDispatcherGlib"))
         qCritical("this toolkit was built without GLib, so that nothing will happen");
-    // The watchdog brings a session back at the next login; else nobody has asked for this program then.
-    QObject::connect(application.get(), &QGuiApplication::saveStateRequest,
-                     [](QSessionManager& manager) { manager.setRestartHint(QSessionManager::RestartNever); });
     return application;
 }
 

@@ -24,6 +24,8 @@ public:
     virtual void setTitle(std::string_view title) = 0;
     /// What the icon stands for, for whoever cannot see it.
     virtual void setDescription(std::string_view description) = 0;
+    /// The menu would be another one by now. There are desktops that show what it held when they last read it.
+    virtual void menuChanged() = 0;
 };
 
 } // namespace velmorin

@@ -65,6 +65,7 @@ void AppDelegate::connectCallbacks() {
     m_controller->onSessionEnded =
         m_lifetime.guard([this](const ActiveSession& session) { m_data->phoneLink().sendEnd(session); });
     if (m_data->phoneLink().pairing()) m_data->phoneLink().startListening();
+    m_phoneWatch = m_data->phoneLink().lockState().watch(m_lifetime.guard([this] { m_statusItem->menuChanged(); }));
     m_controller->onSessionChange = m_lifetime.guard([this] {
         refreshFloatingTimer();
         hideMainWindowDuringSession();

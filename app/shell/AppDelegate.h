@@ -103,6 +103,7 @@ private:
     std::unique_ptr<QuickThought> m_quickThought;   ///< null where the program has none
     std::unique_ptr<StatusItem> m_statusItem;
     std::unique_ptr<MainWindow> m_mainWindow; ///< made on first use
+    Cancellable m_phoneWatch;
     Lifetime m_lifetime;
 };
 

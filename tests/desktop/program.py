@@ -38,6 +38,10 @@ class Program(Store):
         """One more start of it."""
         return self.desktop.start(self.program, *arguments, environment=self.environment)
 
+    def another_that_prints(self, *arguments):
+        """One more start of it, whose words are to be read."""
+        return self.desktop.start(self.program, *arguments, environment=self.environment, stdout=-1, text=True)
+
     def pids(self):
         """The processes of this name that run, whoever has started them."""
         found = self.desktop.run("pgrep", "-r", "RSDT", "-x", self.program.name, check=False).split()

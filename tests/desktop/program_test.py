@@ -7,8 +7,9 @@ Usage: program_test.py --wm NAME --programs DIR [TEST...]
 import argparse
 import json
 import os
-import re
+import select
 import signal
+import socket
 import sys
 import time
 import unittest
@@ -46,6 +47,9 @@ class ProgramTest(unittest.TestCase):
         time.sleep(SHORT)
         self.assertFalse(self.program.has_ended())
         self.assertEqual(self.program.windows(), [])
+
+    def topmost(self):
+        return int(self.desktop.run("xprop", "-root", "-notype", "_NET_CLIENT_LIST_STACKING").split()[-1], 16)
 
     # --- Its start ----------------------------------------------------------------------------------------------
 
@@ -85,6 +89,14 @@ class ProgramTest(unittest.TestCase):
             wait_until(lambda: not self.program.has_keyboard(window))
             self.assertEqual(self.program.another().wait(10), 0)
             wait_until(lambda: self.program.has_keyboard(window) and not windows.is_iconic(window))
+
+    def test_a_second_start_says_when_the_first_does_not_answer(self):
+        self.start_and_show()
+        self.program.process.send_signal(signal.SIGSTOP)
+        second = self.program.another_that_prints()
+        self.assertIn("does not answer", second.communicate(timeout=10)[0])
+        self.assertNotEqual(second.returncode, 0)
+        self.program.process.send_signal(signal.SIGCONT)
 
     def test_without_a_display_it_says_so_and_ends(self):
         self.program.environment = {"DISPLAY": ":4711"}
@@ -154,13 +166,53 @@ class ProgramTest(unittest.TestCase):
             wait_until(lambda: not self.program.windows())
         self.assertTrue(self.program.session_file.exists())
 
-    def test_control_q_during_a_session_ends_nothing(self):
+    def test_control_q_during_a_session_raises_the_main_window_and_ends_nothing(self):
         self.leave_and_start()
         window = self.program.await_window()
-        self.program.press(window, "ctrl+q")
+        wait_until(self.program.is_painted)
+        # It has the keyboard, and somebody else's window stands above it all the same.
+        self.desktop.start(OPTIONS.programs + "/velmorin-test-window", "--class", ALLOWED, "--title", ALLOWED)
+        other = Windows(self.desktop).appear(ALLOWED)[0]
+        self.desktop.run("wmctrl", "-i", "-a", window)
+        wait_until(lambda: self.program.has_keyboard(window))
+        self.desktop.run("wmctrl", "-i", "-r", other, "-b", "add,above")
+        wait_until(lambda: self.topmost() == int(other, 16))
+        self.desktop.run("wmctrl", "-i", "-r", other, "-b", "remove,above")
+        self.desktop.run("xdotool", "windowraise", other)
+        time.sleep(0.3)
+        self.assertEqual(self.topmost(), int(other, 16))
+        self.assertTrue(self.program.has_keyboard(window))
+        self.desktop.run("xdotool", "key", "ctrl+q")
+        wait_until(lambda: self.topmost() == int(window, 16))
         time.sleep(SHORT)
         self.assertFalse(self.program.has_ended())
         self.assertEqual(self.program.windows(), [window])
+
+    def test_the_announced_end_of_the_desktop_session_ends_it_during_a_session(self):
+        manager = self.desktop.start(OPTIONS.programs + "/velmorin-session-manager", stdin=-1, stdout=-1, text=True,
+                                     bufsize=1)
+        self.leave_and_start("--watchdog")
+        self.assertEqual(manager.stdout.readline(), f"client {IDENTIFIER}\n")
+        time.sleep(SHORT)
+        manager.stdin.write("Stop\n")
+        window = self.program.await_window()
+        self.assertFalse(self.program.has_ended(), "nobody is being logged out")
+        self.desktop.run("wmctrl", "-i", "-c", window)
+        manager.stdin.write("EndSession\n")
+        self.assertEqual(manager.stdout.readline(), "agrees\n")
+        self.assertFalse(self.program.has_ended(), "nobody has asked it to end yet")
+        self.program.process.send_signal(signal.SIGTERM)
+        self.assertEqual(self.program.process.wait(10), 0)
+        self.assertTrue(self.program.session_file.exists(), "it goes on at the next login")
+
+    def test_it_is_no_client_of_the_x_session_manager_which_would_end_it_unasked(self):
+        place = self.desktop.folder / "ICE"
+        with socket.socket(socket.AF_UNIX) as listening:
+            listening.bind(str(place))
+            listening.listen()
+            self.program.environment = {"SESSION_MANAGER": f"local/{socket.gethostname()}:{place}"}
+            self.start_and_show()
+            self.assertEqual(select.select([listening], [], [], SHORT)[0], [])
 
     def test_closing_the_main_window_leaves_the_session_as_it_is(self):
         self.leave_and_start()
@@ -218,14 +270,19 @@ class ProgramTest(unittest.TestCase):
         shortcuts.mkdir()
         told = self.desktop.folder / "environment"
         script = shortcuts / "Velmorin Off"
-        script.write_text(f"#!/bin/sh\nenv > {told}.new && mv {told}.new {told}\n")
+        script.write_text(f"#!/bin/sh\nenv -0 > {told}.new && mv {told}.new {told}\n")
         script.chmod(0o755)
         self.program.leave_session(3, [ALLOWED])
+        kept = {"QT_NO_GLIB": "1", "SESSION_MANAGER": "local/nowhere:@/nowhere"}
+        service = {"INVOCATION_ID": "ours", "NOTIFY_SOCKET": "/nowhere", "JOURNAL_STREAM": "1:1", "LISTEN_FDS": "0"}
+        self.program.environment = {**kept, **service}
         self.program.start()
         wait_until(told.exists)
-        given = {**self.desktop.environment, **self.program.environment}
-        own = {line.partition("=")[0] for line in told.read_text().splitlines() if "=" in line}
-        self.assertEqual(own - set(given) - {"PWD", "SHLVL", "_", "OLDPWD"}, set())
+        given = {**self.desktop.environment, **kept}
+        shells = {"PWD", "SHLVL", "_", "OLDPWD"}
+        found = dict(line.split("=", 1) for line in told.read_text().split("\0") if line)
+        self.assertEqual({name: value for name, value in found.items() if name not in shells},
+                         {name: value for name, value in given.items() if name not in shells})
 
 
 def processor_time(pid):

@@ -86,6 +86,22 @@ TEST_F(AppDelegateMenusTest, thePhoneHasARowDuringASessionOnly) {
     EXPECT_THAT(statusMenu(), ElementsAre(texts().menuOpen, texts().menuWriteThought, Words{"—"}, texts().menuQuit));
 }
 
+TEST_F(AppDelegateMenusTest, aDesktopThatKeepsTheMenuIsToldWhenARowChanges) {
+    leavePairing();
+    AppSettings settings;
+    settings.lockPhoneToo = true;
+    leaveSettings(settings);
+    launchProgram();
+    startSession();
+    const auto id = (*controller().session())->id;
+    const auto row = [this] { return shell.item.menu.items.at(3).text; };
+    EXPECT_EQ(row(), texts().phoneLocking);
+    hearPhone("locked", id);
+    EXPECT_EQ(row(), texts().phoneLockedNow);
+    hearPhone("released", id);
+    EXPECT_EQ(row(), texts().phoneReleased);
+}
+
 TEST_F(AppDelegateMenusTest, aPhoneThatDoesNotAnswerIsToldOf) {
     leavePairing();
     AppSettings settings;

@@ -23,6 +23,7 @@ public:
         std::string title;
         std::string description;
         StatusItem::Calls calls;
+        Menu menu; ///< as a desktop has it that reads it only when it is told to
     };
 
     // What it lacks.
@@ -103,6 +104,7 @@ private:
         explicit FakeStatusItem(Item& item) : m_item{item} {}
         void setTitle(std::string_view title) override { m_item.title = title; }
         void setDescription(std::string_view description) override { m_item.description = description; }
+        void menuChanged() override { m_item.calls.menuNeedsUpdate(m_item.menu); }
 
     private:
         Item& m_item;

@@ -24,6 +24,7 @@ public:
 
     void setTitle(std::string_view title) override;
     void setDescription(std::string_view description) override;
+    void menuChanged() override { rebuildMenu(); }
 
 private:
     void appear();

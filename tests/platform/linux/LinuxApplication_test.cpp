@@ -118,6 +118,16 @@ TEST_P(LinuxApplicationTest, aLogoutThatIsCalledOffIsNone) {
     EXPECT_TRUE(hears(1)) << "once, and only now";
 }
 
+TEST_P(LinuxApplicationTest, aStopWithoutALogoutIsARequestLikeAnyOther) {
+    SessionManager manager{sessionBus, GetParam()};
+    ASSERT_TRUE(isTold(manager, 1));
+    manager.say("Stop");
+    EXPECT_TRUE(runner.runUntil([&] { return quitRequests == 1; }, 10));
+    runner.run(0.05);
+    EXPECT_EQ(quitRequests, 1);
+    EXPECT_EQ(announced, 0);
+}
+
 TEST_P(LinuxApplicationTest, aSessionManagerThatComesAgainIsHeardAgain) {
     {
         SessionManager manager{sessionBus, GetParam()};

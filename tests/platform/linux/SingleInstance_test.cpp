@@ -98,6 +98,21 @@ TEST_F(SingleInstanceTest, aSecondStartAsksTheFirstToShowItself) {
     EXPECT_EQ(first.status(), Start::wasShown);
 }
 
+TEST_F(SingleInstanceTest, oneThatShowsNothingDoesNotSayThatItDoes) {
+    LoopRunner runner;
+    const SingleInstance first{runner.loop(), directory()};
+    Start second{directory()};
+    runner.run(0.2);
+    EXPECT_EQ(second.status(), Start::wasNotHeard);
+}
+
+TEST_F(SingleInstanceTest, oneThatDoesNotListenIsToldOf) {
+    LoopRunner runner;
+    SingleInstance first{runner.loop(), directory()};
+    first.onShow([] {});
+    EXPECT_EQ(Start{directory()}.status(), Start::wasNotHeard) << "its loop does not run";
+}
+
 TEST_F(SingleInstanceTest, aFirstThatWasKilledLeavesNothingInTheWay) {
     Start first{directory()};
     ASSERT_TRUE(first.isFirst());

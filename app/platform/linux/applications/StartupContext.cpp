@@ -1,7 +1,5 @@
 #include "app/platform/linux/applications/StartupContext.h"
 
-#include <array>
-
 namespace velmorin {
 
 namespace {
@@ -27,11 +25,6 @@ GType contextType() {
     return type;
 }
 
-/// What speaks of our own start or our own service, and would mislead another program.
-constexpr std::array own{"XDG_ACTIVATION_TOKEN", "DESKTOP_AUTOSTART_ID", "NOTIFY_SOCKET", "WATCHDOG_PID",
-                         "WATCHDOG_USEC",        "LISTEN_PID",           "LISTEN_FDS",    "LISTEN_FDNAMES",
-                         "INVOCATION_ID",        "JOURNAL_STREAM",       "MANAGERPID"};
-
 } // namespace
 
 GOwned<GAppLaunchContext> startupContext(const std::string& display, const std::string& startupID) {
@@ -43,7 +36,8 @@ GOwned<GAppLaunchContext> startupContext(const std::string& display, const std::
     g_object_set_data_full(G_OBJECT(context.get()), startupKey, g_strdup(startupID.c_str()), g_free);
     // GIO would tell only entries that ask for it; the others' toolkits look for it all the same.
     g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", startupID.c_str());
-    for (const auto* variable : own)
+    g_app_launch_context_unsetenv(context.get(), "DESKTOP_AUTOSTART_ID");
+    for (const auto* variable : ownVariables)
         g_app_launch_context_unsetenv(context.get(), variable);
     return context;
 }

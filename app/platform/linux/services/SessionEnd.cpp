@@ -85,10 +85,8 @@ private:
             m_calls.onAnnounced();
             answer();
         }
-        if (member == "Stop") {
-            m_calls.onAnnounced();
-            m_calls.onStop();
-        }
+        // Also said to a single program, by whoever looks after those that run. A log-out has been announced before.
+        if (member == "Stop") m_calls.onStop();
     }
 
     /// Nothing here is against the end. A session that is guarded goes on at the next login.

@@ -16,7 +16,7 @@ class SessionEnd {
 public:
     struct Calls {
         std::function<void()> onAnnounced; ///< the machine shuts down or restarts, or the user is logged out
-        std::function<void()> onStop;      ///< a session manager wants this program to end
+        std::function<void()> onStop;      ///< a session manager wants this program to end, with the session or alone
     };
 
     /// `identifier` is what a session manager knows this program by. What one has called it at its start, in

@@ -112,9 +112,10 @@ void SingleInstance::hear(int client) {
     const auto count = uninterrupted([&] { return ::recv(client, &said, 1, 0); });
     // Held while it is called, where it may be the last use of this.
     const auto call = m_onShow;
-    if (count == 1 && said == request) ::send(client, &answer, 1, MSG_NOSIGNAL);
+    const bool isAsked = count == 1 && said == request && call;
+    if (isAsked) ::send(client, &answer, 1, MSG_NOSIGNAL);
     m_clients.remove_if([client](const Client& each) { return each.socket.number() == client; });
-    if (count == 1 && said == request && call) call();
+    if (isAsked) call();
 }
 
 bool SingleInstance::askFirstToShow() const {

@@ -24,7 +24,8 @@ public:
 
     /// Whether this is the first. Also where the directory takes no lock at all: nobody is kept from the program then.
     bool isFirst() const { return m_isFirst; }
-    /// The first is asked by others to show itself, from the main loop; once for each that asks.
+    /// The first is asked by others to show itself, from the main loop; once for each that asks. Who asks while
+    /// this has not been called is told nothing.
     void onShow(std::function<void()> call) { m_onShow = std::move(call); }
     /// A later one asks the first to show itself. Returns when it has been told, at the latest after a second; false
     /// when it could not be.
