@@ -1,4 +1,5 @@
-// What a window's ground costs: all of it, when a window appears, and what one tick of a clock in front of it lays open.
+// What a window's ground costs: all of it, when a window appears, and what one tick of a clock in front of it lays
+// open.
 
 #include "app/theme/GlowField.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/composition/LinuxSeams.h"
 #include "app/engine/AppData.h"
 #include "app/engine/Lifecycle.h"
 #include "app/engine/SessionController.h"
-#include "app/composition/LinuxSeams.h"
 #include "app/lock/LockOptions.h"
 #include "app/platform/linux/x11/X11HotKey.h"
 #include "app/seams/Lifetime.h"

@@ -9,7 +9,6 @@ using ::testing::IsEmpty;
 /// What is remembered of the applications that were hidden, and that they come back at the end.
 class HiddenApplicationsTest : public EnforcementTest {
 protected:
-
     void startWithEditorGameAndMail() {
         addEditorAndGame();
         addApplication(mail, mailID, "Mail");

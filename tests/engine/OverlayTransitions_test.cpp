@@ -1,14 +1,13 @@
 // Each transition of the overlay, tried from every screen.
 
-#include "tests/support/EngineTest.h"
 #include "tests/engine/OverlayStates.h"
+#include "tests/support/EngineTest.h"
 
 namespace velmorin {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
 
 class OverlayTransitionTest : public EngineTest, public ::testing::WithParamInterface<std::size_t> {
 protected:

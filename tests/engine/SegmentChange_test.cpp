@@ -1,7 +1,7 @@
 // What a session does when its plan moves on: every row, from every kind of segment, under every screen.
 
-#include "tests/support/EngineTest.h"
 #include "tests/engine/OverlayStates.h"
+#include "tests/support/EngineTest.h"
 
 #include <algorithm>
 #include <tuple>

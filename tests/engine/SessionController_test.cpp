@@ -9,7 +9,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-
 class SessionControllerTest : public EngineTest {
 protected:
     SessionControllerTest() { setup.tellsTicks = true; }

@@ -9,7 +9,6 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-
 class SessionTickTest : public EngineTest {
 protected:
     SessionTickTest() {

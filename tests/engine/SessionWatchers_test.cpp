@@ -10,7 +10,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-
 class SessionWatchersTest : public EngineTest {
 protected:
     SessionWatchersTest() {
