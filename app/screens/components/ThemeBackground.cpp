@@ -20,8 +20,8 @@ namespace {
 
 /// The renderer sends all of a node to the screen when a part of it has changed. So the ground is many small nodes, and
 /// a clock that ticks in front of it costs the few that it touches.
-constexpr double tileWidth = 256;
-constexpr double tileHeight = 96;
+constexpr int tileWidth = 256;
+constexpr int tileHeight = 96;
 
 /// What all tiles share.
 struct Ground {
@@ -63,7 +63,7 @@ private:
     /// Fills an area of device pixels, a few rows at a time.
     void paint(QPainter& painter, const QRect& area, const QTransform& toItem) const {
         constexpr int bufferedPixels = 8192;
-        alignas(16) std::array<std::uint32_t, bufferedPixels> pixels;
+        alignas(16) std::array<std::uint32_t, bufferedPixels> pixels{};
         const int width = std::min(area.width(), bufferedPixels);
         if (width <= 0 || area.height() <= 0) return;
         const int rowsAtOnce = bufferedPixels / width;
@@ -88,11 +88,11 @@ class GroundNode final : public QSGNode {
 public:
     GroundNode(QQuickWindow* window, QSizeF size, const ThemeColors& colors)
         : m_ground{window, GlowField{colors, size.width(), size.height()}} {
-        for (double top = 0; top < size.height(); top += tileHeight) {
-            for (double left = 0; left < size.width(); left += tileWidth) {
-                const QRectF bounds{left, top, std::min(tileWidth, size.width() - left),
-                                    std::min(tileHeight, size.height() - top)};
-                appendChildNode(new Tile{m_ground, bounds});
+        const QRect whole = QRectF{QPointF{}, size}.toAlignedRect();
+        for (int top = 0; top < whole.height(); top += tileHeight) {
+            for (int left = 0; left < whole.width(); left += tileWidth) {
+                const QRectF tile{QRect{left, top, tileWidth, tileHeight}};
+                appendChildNode(new Tile{m_ground, tile & QRectF{QPointF{}, size}});
             }
         }
     }
