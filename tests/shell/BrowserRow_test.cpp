@@ -33,7 +33,7 @@ protected:
 
     BrowserRow& row() { return *static_cast<QList<BrowserRow*>*>(model.editor()->allowedBrowsers().data)->first(); }
     void answer(SimulatedBrowsers::Says says, double delay = 1) {
-        desktop.browsers.behave(BrowserKind::chromeID, {std::move(says), delay});
+        desktop.browsers.behave(BrowserKind::chrome, {std::move(says), delay});
     }
     static QString clipboard() { return QGuiApplication::clipboard()->text(); }
 
@@ -115,7 +115,7 @@ TEST_F(BrowserRowTest, settingUpTellsTheBrowserOfTheProgramOpensItAndSaysWhatIsL
     EXPECT_EQ(row().setUpText(), text(PlatformStrings::english.setUpBrowser("Chrome")));
     EXPECT_TRUE(row().steps().isEmpty());
     row().setUp();
-    EXPECT_EQ(setup.introduced, std::vector{BrowserKind::chromeID});
+    EXPECT_EQ(setup.introduced, std::vector{BrowserKind::chrome});
     EXPECT_EQ(clipboard(), "chromeID://extensions");
     ASSERT_EQ(row().steps().size(), 5);
     EXPECT_EQ(row().steps().first(), "1. " + text(PlatformStrings::english.openPage("chromeID://extensions")));
