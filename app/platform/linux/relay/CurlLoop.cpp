@@ -24,7 +24,10 @@ int events(GIOCondition condition) {
 
 } // namespace
 
-CurlLoop::CurlLoop(std::function<void()> progressed) : m_progressed{std::move(progressed)} {
+CurlLoop::CurlLoop(std::function<void()> progressed) : m_progressed{std::move(progressed)} {}
+
+/// What the library sets up for its cryptography costs time and memory, which is for those who have paired a phone.
+void CurlLoop::start() {
     static const CURLcode isReady = curl_global_init(CURL_GLOBAL_DEFAULT);
     static_cast<void>(isReady);
     m_multi = curl_multi_init();
@@ -35,13 +38,14 @@ CurlLoop::CurlLoop(std::function<void()> progressed) : m_progressed{std::move(pr
 }
 
 CurlLoop::~CurlLoop() {
-    curl_multi_cleanup(m_multi); // closes what is kept open, and tells of each
+    if (m_multi != nullptr) curl_multi_cleanup(m_multi); // closes what is kept open, and tells of each
     while (!m_watches.empty())
         unwatch(m_watches.begin()->first);
     if (m_timeout != 0) g_source_remove(m_timeout);
 }
 
 void CurlLoop::add(CURL* transfer) {
+    if (m_multi == nullptr) start();
     curl_multi_add_handle(m_multi, transfer);
 }
 
@@ -50,6 +54,7 @@ void CurlLoop::remove(CURL* transfer) {
 }
 
 std::optional<std::pair<CURL*, CURLcode>> CurlLoop::nextEnded() {
+    if (m_multi == nullptr) return std::nullopt;
     int left = 0;
     while (const auto* message = curl_multi_info_read(m_multi, &left)) {
         if (message->msg == CURLMSG_DONE) return std::pair{message->easy_handle, message->data.result};

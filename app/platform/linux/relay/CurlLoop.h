@@ -31,11 +31,12 @@ private:
     static int socketChanged(CURL* transfer, curl_socket_t socket, int what, void* loop, void* watch);
     static int timeoutChanged(CURLM* multi, long milliseconds, void* loop);
 
+    void start();
     void unwatch(curl_socket_t socket);
     void act(curl_socket_t socket, int events);
 
     std::function<void()> m_progressed;
-    CURLM* m_multi;
+    CURLM* m_multi = nullptr;                    ///< null before the first transfer
     std::map<curl_socket_t, unsigned> m_watches; ///< the main loop's numbers for what it watches
     unsigned m_timeout = 0;                      ///< and for the time it waits for; 0 without one
 };
