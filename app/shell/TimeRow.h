@@ -13,11 +13,11 @@ namespace velmorin {
 
 /// The program's limits on one timing of a session, in minutes or, for a count, in pieces.
 struct TimeSetting {
-    std::string_view AppStrings::*title;
-    std::int64_t& (*of)(Profile& profile); ///< where the profile keeps it
-    std::int64_t lower;
-    std::int64_t upper;
-    std::int64_t step;
+    std::string_view AppStrings::*title = nullptr;
+    std::int64_t& (*of)(Profile& profile) = nullptr; ///< where the profile keeps it
+    std::int64_t lower = 0;
+    std::int64_t upper = 0;
+    std::int64_t step = 1;
     bool isCount = false;
 };
 

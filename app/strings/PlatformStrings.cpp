@@ -20,9 +20,12 @@ const PlatformStrings PlatformStrings::persian{
     .setUpBrowser = [](std::string_view browser) { return around("آماده‌سازی ", browser, ""); },
     .openPage =
         [](std::string_view address) {
-            return around("", isolated(address), " را در نوار آدرس مرورگر جای‌گذاری کن. آدرس از پیش کپی شده است.");
+            return around("", isolated(address),
+                          " را در نوار آدرس مرورگر جای‌گذاری کن. آدرس از پیش کپی شده "
+                          "است.");
         },
-    .switchOnDeveloperMode = "بالای صفحه «حالت برنامه‌نویس» را روشن کن و روشن بگذار.",
+    .switchOnDeveloperMode =
+        "بالای صفحه «حالت برنامه‌نویس» را روشن کن و روشن بگذار.",
     .loadFolder =
         [](std::string_view folder) {
             return around("«بار کردن غیرفشرده» را بزن و این پوشه را انتخاب کن: ", isolated(folder), "");
@@ -31,7 +34,8 @@ const PlatformStrings PlatformStrings::persian{
     .checkAfterwards = "بعد به همین‌جا برگرد و مجوز را بررسی کن.",
     .copyAddress = "کپی آدرس",
     .copyFolder = "کپی مسیر پوشه",
-    .notIntroduced = "معرفی Dravoni به مرورگرها انجام نشد. ببین پوشه‌ی خانگی‌ات جا دارد و می‌شود در آن نوشت.",
+    .notIntroduced = "معرفی Dravoni به مرورگرها انجام نشد. ببین پوشه‌ی خانگی‌ات جا دارد و می‌شود در آن "
+                     "نوشت.",
 };
 
 const PlatformStrings PlatformStrings::english{
@@ -66,8 +70,9 @@ const PlatformStrings PlatformStrings::german{
     .checkAfterwards = "Komm hierher zurück und prüfe die Erlaubnis.",
     .copyAddress = "Adresse kopieren",
     .copyFolder = "Ordnerpfad kopieren",
-    .notIntroduced = "Dravoni konnte sich deinen Browsern nicht bekannt machen. Prüfe, ob in deinem persönlichen Ordner "
-                     "Platz ist und ob du darin schreiben darfst.",
+    .notIntroduced =
+        "Dravoni konnte sich deinen Browsern nicht bekannt machen. Prüfe, ob in deinem persönlichen Ordner "
+        "Platz ist und ob du darin schreiben darfst.",
 };
 
 const PlatformStrings& PlatformStrings::of(AppLanguage language) {

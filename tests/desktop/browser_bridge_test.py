@@ -483,7 +483,11 @@ def unsigned_extension(archive):
 
 def idle_user():
     """Somebody whom the system knows, as a session bus wants it, but who runs nothing."""
-    busy = {0} | {entry.stat().st_uid for entry in Path("/proc").iterdir() if entry.name.isdigit()}
+    busy = {0}
+    for entry in Path("/proc").iterdir():
+        with contextlib.suppress(FileNotFoundError, ProcessLookupError):  # it has just ended
+            if entry.name.isdigit():
+                busy.add(entry.stat().st_uid)
     return next(user for user in pwd.getpwall() if user.pw_uid not in busy)
 
 
