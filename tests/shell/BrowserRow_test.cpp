@@ -116,16 +116,16 @@ TEST_F(BrowserRowTest, settingUpTellsTheBrowserOfTheProgramOpensItAndSaysWhatIsL
     EXPECT_TRUE(row().steps().isEmpty());
     row().setUp();
     EXPECT_EQ(setup.introduced, std::vector{BrowserKind::chrome});
-    EXPECT_EQ(clipboard(), "chromeID://extensions");
+    EXPECT_EQ(clipboard(), "chrome://extensions");
     ASSERT_EQ(row().steps().size(), 5);
-    EXPECT_EQ(row().steps().first(), "1. " + text(PlatformStrings::english.openPage("chromeID://extensions")));
+    EXPECT_EQ(row().steps().first(), "1. " + text(PlatformStrings::english.openPage("chrome://extensions")));
     desktop.time.advance(1);
     ASSERT_NE(desktop.workspace.frontmostApplication(), nullptr);
     EXPECT_EQ(desktop.workspace.frontmostApplication()->bundleIdentifier(), chromeID);
     row().copyFolder();
     EXPECT_EQ(clipboard(), "/usr/share/extension");
     row().copyAddress();
-    EXPECT_EQ(clipboard(), "chromeID://extensions");
+    EXPECT_EQ(clipboard(), "chrome://extensions");
 }
 
 TEST_F(BrowserRowTest, theStepsAreNumberedInTheDigitsOfTheLanguage) {

@@ -32,8 +32,9 @@ double luminance(Color color) {
 }
 
 double contrast(Color one, Color other) {
-    const auto [darker, brighter] = std::minmax(luminance(one), luminance(other));
-    return (brighter + 0.05) / (darker + 0.05);
+    const double first = luminance(one);
+    const double second = luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
 TEST(ThemeColorsTest, duskIsDarkWithWarmLight) {
