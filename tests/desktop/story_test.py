@@ -12,6 +12,7 @@ from desktop import wait_until
 from screens import ScreensTest, add_missing_monitors, add_monitors, main, profile, remove_monitor, session
 
 WARNING_PAUSE = 5.0  # seconds, of a session's first attempt
+EXIT_WAIT = 60.0  # seconds, of a session in rounds
 REASON = "I have to leave the house now"
 
 
@@ -116,18 +117,27 @@ class StoryTest(ScreensTest):
         wait_until(lambda: self.program.stored("active-session")["returns"] == 1)
 
         # The way out, refused and granted.
-        self.program_again()
-        screens.click("End session", "push button")
+        # By the backdrop of the last monitor, where no window is in front of it.
+        screens.click(max(screens.all("End session", "push button"), key=lambda node: node.box[0]))
         wait_until(lambda: len(self.shields()) == 3)
         end = screens.find(lambda name: name.startswith("End session becomes available in"), "push button")
         screens.click(end)
         screens.click("Write a few words for yourself", "text")
         screens.type("short")
         self.picture("exit")
-        screens.find("To end the session, write your reason a little more fully", "push button")
+        # Once the wait is over, only the reason holds it back.
+        hint = "To end the session, write your reason a little more fully"
+        wait_until(lambda: screens.is_there(hint, "push button"), EXIT_WAIT + 15)
         screens.type(" no longer: " + REASON)
-        wait_until(lambda: screens.all("End session", "push button"))
-        screens.click("End session", "push button")
+        # The one under the way to stay: backdrops, which are out of reach now, have others.
+        left, top, *_ = screens.find("I'll stay and continue", "push button").box
+
+        def way_out():
+            found = [node.box for node in screens.all("End session", "push button")]
+            return [box for box in found if left <= box[0] + box[2] // 2 <= left + 400 and 0 < box[1] - top < 130]
+
+        x, y, width, height = wait_until(way_out)[0]
+        screens.click_at(x + width // 2, y + height // 2)
         wait_until(lambda: self.program.stored("active-session") is None)
         wait_until(lambda: not self.shields())
         record = self.program.stored("history")[0]
