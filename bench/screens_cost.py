@@ -53,7 +53,7 @@ def install(desktop, count):
     icons.mkdir(parents=True)
     for number in range(count):
         icon = icons / f"bench{number}.png"
-        subprocess.run(["convert", "-size", "64x64", f"plasma:fractal{number}", str(icon)], check=True)
+        subprocess.run(["convert", "-size", "64x64", f"gradient:#{number * 40503 % 0xFFFFFF:06x}-#20{number % 256:02x}60", str(icon)], check=True)
         (entries / f"bench{number}.desktop").write_text(
             f"[Desktop Entry]\nType=Application\nName=Application {number}\nExec=/bin/true\nIcon={icon}\n"
         )
