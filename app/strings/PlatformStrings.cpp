@@ -20,9 +20,11 @@ const PlatformStrings PlatformStrings::persian{
     .setUpBrowser = [](std::string_view browser) { return around("آماده‌سازی ", browser, ""); },
     .openPage =
         [](std::string_view address) {
-            return around("", isolated(address),
-                          " را در نوار آدرس مرورگر جای‌گذاری کن. آدرس از پیش کپی شده "
-                          "است.");
+            return around(
+                "", isolated(address),
+                " را در نوار آدرس مرورگر جای‌گذاری کن. آدرس از پیش کپی "
+                "شده "
+                "است.");
         },
     .switchOnDeveloperMode =
         "بالای صفحه «حالت برنامه‌نویس» را روشن کن و روشن بگذار.",
@@ -34,7 +36,11 @@ const PlatformStrings PlatformStrings::persian{
     .checkAfterwards = "بعد به همین‌جا برگرد و مجوز را بررسی کن.",
     .copyAddress = "کپی آدرس",
     .copyFolder = "کپی مسیر پوشه",
-    .notIntroduced = "معرفی Dravoni به مرورگرها انجام نشد. ببین پوشه‌ی خانگی‌ات جا دارد و می‌شود در آن "
+    .notIntroduced = "معرفی Dravoni به مرورگرها انجام نشد. ببین پوشه‌ی خانگی‌ات جا دارد "
+                     "و "
+                     "می‌شود "
+                     "در "
+                     "آن "
                      "نوشت.",
 };
 
